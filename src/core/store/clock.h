@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDate>
+#include <QDateTime>
+
+// Today and now. The program asks this rather than the system clock, so that a test can
+// stand on day 120 or at 8 pm on 31 December of a leap year.
+class Clock
+{
+public:
+    virtual ~Clock() = default;
+    virtual QDateTime now() const = 0;
+    QDate today() const { return now().date(); }
+};
+
+class SystemClock final : public Clock
+{
+public:
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "corecontext.h"
+#include "result.h"
+
+#include <QDate>
+#include <QStringList>
+
+// The small text files that configure an installation. Each reader leaves its default
+// when the file is missing; a damaged file is reported and nothing is changed.
+
+QString SettingsFileName(); // "/TresvaneDispatcherSettings.txt"
+
+Status LoadSettings(CoreContext& c);
+// Writes the nine settings, then stores the continuous number (SaveSlipNo) or reloads
+// the day counter (LoadCounter), by the numbering scheme.
+Status SaveSettings(CoreContext& c);
+
+Status LoadAssignments(CoreContext& c);
+// Writes the list as Assignto.txt and reloads gAssignTo from it.
+Status SaveAssignments(CoreContext& c, const QStringList& assignments);
+
+Status LoadProblems(CoreContext& c);
+Status SaveProblems(CoreContext& c, const QStringList& problems);
+
+Status LoadBusiness(CoreContext& c);
+// Copies gBusiness into the business boxes.
+void BuildBusiness(DispatchingVariables& v);
+// Takes the boxes into gBusiness and writes them. The old copy in Backup is left standing.
+Status SaveBusiness(CoreContext& c);
+
+// detectedPort is the port the modem answered on at this start, 0 for none; a port
+// stored in Phone.txt replaces it.
+Status LoadPhoneSettings(CoreContext& c, qint16 detectedPort);
+Status LoadCallID(CoreContext& c);
+Status SavePhoneSettings(CoreContext& c);
+Status SaveCallID(CoreContext& c);
+
+// Moves a date off the days the work week does not work (Sunday is weekday 1).
+QDate AdjustWorkDay(const QDate& date, int workWeekCode);
+// The caption of a work week code.
+QString WorkWeekCaption(int workWeekCode);

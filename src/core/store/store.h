@@ -1,0 +1,90 @@
+#pragma once
+
+#include "result.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+// The program folder and the file routines through which every other part reaches it.
+//
+// Names are relative to the program folder and begin with a separator; '/' and '\' are the
+// same separator, doubled separators are harmless, and each component is matched without
+// regard to case against what is on disk, so "/UnScheduledSlips.txt" finds
+// "UnscheduledSlips.txt". A new file takes the spelling of an existing sibling if there is
+// one, else the name as given. No name ever resolves outside the folder: "." and ".."
+// are taken as ordinary names, never as steps.
+//
+// Nothing is held open between calls: each routine opens, works and closes its files.
+// Whole files are replaced atomically (written beside the target, flushed to disk, then
+// renamed over it), so a crash leaves the old file or the new one, never a torn one.
+class Store
+{
+public:
+    explicit Store(QString programFolder);
+
+    QString root() const { return m_root; }
+    // The absolute path a program-relative name stands for.
+    QString path(const QString& name) const;
+    // The component of a name that is a file name within a folder, made safe: a
+    // separator or a "." / ".." name cannot step out of that folder.
+    static QString safeComponent(const QString& text);
+
+    // True when the plain file exists (a folder does not count). A file missing from its
+    // place but present under Backup is copied back first, so the test repairs a lost file.
+    bool FileExists(const QString& name);
+    // Exists test without the repair from Backup.
+    bool IsFile(const QString& name) const;
+    bool IsFolder(const QString& name) const;
+    // Makes the folder, one level, when it does not exist.
+    Status EnsureFolder(const QString& name);
+    // Deletes the file when it exists. The last component may be a pattern ("*.*").
+    Status KillIfPresent(const QString& name);
+    // Deletes the copy under Backup, then the file, so the stale copy cannot come back.
+    Status KillWithBackup(const QString& name);
+    // Renames temporary to target, replacing the target atomically when it still exists.
+    Status ReplaceFile(const QString& temporary, const QString& target);
+    // Removes an empty folder.
+    Status RemoveFolder(const QString& name);
+    // Copies a file over another (the target is replaced atomically).
+    Status CopyFile(const QString& source, const QString& target);
+
+    // Number of fixed records: the length over the record length, rounded half to even.
+    // 0 when FileExists says false. More than 32,767 records is reported, not wrapped.
+    Result<qint16> RecordCount(const QString& name, int recordLength);
+    // The same count as a 32-bit value, for callers that are not bound by 16 bits.
+    Result<qint32> RecordCount32(const QString& name, int recordLength);
+    static qint64 roundedRecords(qint64 bytes, int recordLength);
+
+    qint64 FileSize(const QString& name) const;
+    // The whole file in one read; an empty array for a missing file.
+    Result<QByteArray> ReadAll(const QString& name) const;
+    // Replaces the whole file with bytes, atomically and flushed to disk.
+    Status WriteFile(const QString& name, const QByteArray& bytes);
+    // A text file rewritten as the system always has: its copy in Backup goes first.
+    Status RewriteTextFile(const QString& name, const QByteArray& bytes);
+    // A record file rewritten with the records to keep: written to TemporaryFile.txt,
+    // flushed, and renamed over the target; the target's copy in Backup goes.
+    Status RewriteThroughTemporary(const QString& target, const QByteArray& bytes);
+    // Appends bytes to the end of the file (created when missing), atomically.
+    Status AppendToFile(const QString& name, const QByteArray& bytes);
+    // Writes one record in place at record number recordNo (from 1), flushed. Writing
+    // past the end leaves zero bytes in the gap, as a new file's hole reads.
+    Status WriteRecordAt(const QString& name, int recordLength, qint64 recordNo,
+                         const QByteArray& record);
+    // Reads record recordNo (from 1); a record past the end reads as zero bytes, a
+    // partial last record is filled with zero bytes.
+    Result<QByteArray> ReadRecordAt(const QString& name, int recordLength, qint64 recordNo) const;
+
+    // Names of the entries of a folder (files and folders), as they are spelt on disk.
+    QStringList List(const QString& folder) const;
+
+    // The message a user reads when a file cannot be used.
+    QString describe(const QString& name) const;
+
+private:
+    QString resolve(const QString& name, bool* wildcard = nullptr) const;
+    Status fail(const QString& what, const QString& name) const;
+
+    QString m_root;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "scripteddialogs.h"
+#include "store/corecontext.h"
+#include "store/dispatchingvariables.h"
+#include "store/store.h"
+#include "testclock.h"
+
+#include <QByteArray>
+#include <QTemporaryDir>
+
+// A program folder in a temporary directory, with the seams a core routine needs, and
+// helpers to lay files down and read them back byte by byte.
+class ProgramFolder
+{
+public:
+    ProgramFolder();
+
+    QString root() const { return m_dir.path(); }
+    QString abs(const QString& relative) const;
+
+    // Writes bytes exactly as given, making the folders on the way.
+    void put(const QString& relative, const QByteArray& bytes) const;
+    QByteArray get(const QString& relative) const;
+    bool has(const QString& relative) const;
+    bool hasFolder(const QString& relative) const;
+    // Every file below the folder with its bytes, to prove nothing was written.
+    QMap<QString, QByteArray> snapshot() const;
+
+    QTemporaryDir m_dir;
+    Store store;
+    TestClock clock;
+    ScriptedDialogs dialogs;
+    DispatchingVariables v;
+    CoreContext ctx;
+};
