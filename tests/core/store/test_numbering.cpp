@@ -69,6 +69,11 @@ void TestNumbering::advanceStepsTheSequenceWithoutLookingAtTheDay()
     QVERIFY(SaveCounter(f.ctx).ok());
     QCOMPARE(f.v.gConfirmation, QStringLiteral("SA110-2"));
     QCOMPARE(f.get("Counter.txt"), QByteArray("\"110\",2\r\n"));
+    QVERIFY(AdvanceSlipNumber(f.ctx).ok());
+    f.put("Backup/Counter.txt", "stale");
+    QVERIFY(SaveCounter(f.ctx).ok());
+    QCOMPARE(f.get("Counter.txt"), QByteArray("\"110\",3\r\n"));
+    QVERIFY(!f.has("Backup/Counter.txt"));
 }
 
 void TestNumbering::sequencePast32767IsRefused()
