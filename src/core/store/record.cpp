@@ -60,12 +60,7 @@ FixedRecord::FixedRecord(const RecordLayout& layout, QByteArrayView bytes)
     std::memcpy(m_bytes.data(), bytes.data(), std::min<qsizetype>(bytes.size(), layout.length()));
 }
 
-QString FixedRecord::rawText(int field) const
-{
-    return cp1252::decode(QByteArrayView(at(field), m_layout->field(field).width));
-}
-
-QString FixedRecord::text(int field) const
+QByteArrayView RecordView::trimmedBytes(int field) const
 {
     // Only blanks are trimmed: the old readers left other characters alone.
     const char* p = at(field);
@@ -75,8 +70,15 @@ QString FixedRecord::text(int field) const
         ++begin;
     while (end > begin && p[end - 1] == ' ')
         --end;
-    return cp1252::decode(QByteArrayView(p + begin, end - begin));
+    return QByteArrayView(p + begin, end - begin);
 }
+
+QString RecordView::rawText(int field) const
+{
+    return cp1252::decode(QByteArrayView(at(field), m_layout->field(field).width));
+}
+
+QString RecordView::text(int field) const { return cp1252::decode(trimmedBytes(field)); }
 
 void FixedRecord::setText(int field, const QString& value)
 {
@@ -87,12 +89,12 @@ void FixedRecord::setText(int field, const QString& value)
     std::memcpy(p, encoded.constData(), encoded.size());
 }
 
-qint16 FixedRecord::int16(int field) const { return qFromLittleEndian<qint16>(at(field)); }
+qint16 RecordView::int16(int field) const { return qFromLittleEndian<qint16>(at(field)); }
 void FixedRecord::setInt16(int field, qint16 value) { qToLittleEndian(value, at(field)); }
-qint32 FixedRecord::int32(int field) const { return qFromLittleEndian<qint32>(at(field)); }
+qint32 RecordView::int32(int field) const { return qFromLittleEndian<qint32>(at(field)); }
 void FixedRecord::setInt32(int field, qint32 value) { qToLittleEndian(value, at(field)); }
 
-double FixedRecord::real(int field) const
+double RecordView::real(int field) const
 {
     const quint64 bits = qFromLittleEndian<quint64>(at(field));
     double value;
@@ -107,10 +109,10 @@ void FixedRecord::setReal(int field, double value)
     qToLittleEndian(bits, at(field));
 }
 
-qint64 FixedRecord::currency(int field) const { return qFromLittleEndian<qint64>(at(field)); }
+qint64 RecordView::currency(int field) const { return qFromLittleEndian<qint64>(at(field)); }
 void FixedRecord::setCurrency(int field, qint64 units) { qToLittleEndian(units, at(field)); }
 
-QString FixedRecord::display(int field) const
+QString RecordView::display(int field) const
 {
     switch (m_layout->field(field).kind) {
     case FieldKind::Text: {

@@ -49,6 +49,40 @@ private:
     int m_length = 0;
 };
 
+// Read access to one record lying in a larger buffer, without a copy: what a scan over a
+// whole file uses, so that 50,000 records cost one read and no allocation each.
+class RecordView
+{
+public:
+    RecordView(const RecordLayout& layout, const char* data) : m_layout(&layout), m_data(data) {}
+
+    const RecordLayout& layout() const { return *m_layout; }
+    QByteArrayView bytes() const { return {m_data, m_layout->length()}; }
+    // The field's bytes with surrounding blanks removed, still in Windows-1252.
+    QByteArrayView trimmedBytes(int field) const;
+    QString text(int field) const;
+    QString rawText(int field) const;
+    qint16 int16(int field) const;
+    qint32 int32(int field) const;
+    double real(int field) const;
+    qint64 currency(int field) const;
+    QString display(int field) const;
+
+private:
+    const char* at(int field) const { return m_data + m_layout->field(field).offset; }
+    const RecordLayout* m_layout;
+    const char* m_data;
+};
+
+// Walks the whole records of a file's bytes, calling f(recordNo, view) from record 1. A
+// partial last record is not visited (use SplitRecords where it must count).
+template <typename F> void ForEachRecord(const RecordLayout& layout, const QByteArray& bytes, F f)
+{
+    const qsizetype n = bytes.size() / layout.length();
+    for (qsizetype i = 0; i < n; ++i)
+        f(i + 1, RecordView(layout, bytes.constData() + i * layout.length()));
+}
+
 // One record's bytes with typed access by field index. Bytes the program does not
 // touch stay as they were read, so fields owned by other programs survive a round trip.
 class FixedRecord
@@ -62,30 +96,31 @@ public:
     const RecordLayout& layout() const { return *m_layout; }
     const QByteArray& bytes() const { return m_bytes; }
 
+    RecordView view() const { return RecordView(*m_layout, m_bytes.constData()); }
+
     // Text with surrounding blanks removed, as every reader uses it.
-    QString text(int field) const;
+    QString text(int field) const { return view().text(field); }
     // Text as stored, blanks included.
-    QString rawText(int field) const;
+    QString rawText(int field) const { return view().rawText(field); }
     // Stores text cut at the field's width and padded with blanks.
     void setText(int field, const QString& value);
 
-    qint16 int16(int field) const;
+    qint16 int16(int field) const { return view().int16(field); }
     void setInt16(int field, qint16 value);
-    qint32 int32(int field) const;
+    qint32 int32(int field) const { return view().int32(field); }
     void setInt32(int field, qint32 value);
-    double real(int field) const; // Double and Date fields
+    double real(int field) const { return view().real(field); } // Double and Date fields
     void setReal(int field, double value);
-    qint64 currency(int field) const; // units of 1/10,000
+    qint64 currency(int field) const { return view().currency(field); } // units of 1/10,000
     void setCurrency(int field, qint64 units);
 
     // A field's value as text for listings: trimmed text, numbers plain, dates as
     // mm/dd/yyyy (with the time when it has one), currency as 12.3400.
-    QString display(int field) const;
+    QString display(int field) const { return view().display(field); }
 
     bool operator==(const FixedRecord& other) const { return m_bytes == other.m_bytes; }
 
 private:
-    const char* at(int field) const { return m_bytes.constData() + m_layout->field(field).offset; }
     char* at(int field) { return m_bytes.data() + m_layout->field(field).offset; }
 
     const RecordLayout* m_layout;

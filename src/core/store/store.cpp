@@ -66,7 +66,17 @@ bool syncFile(const QString& path)
 
 } // namespace
 
-Store::Store(QString programFolder) : m_root(QDir::cleanPath(std::move(programFolder))) {}
+Store::Store(QString programFolder, Access access)
+    : m_root(QDir::cleanPath(std::move(programFolder))), m_access(access)
+{
+}
+
+Status Store::refuseWhenReadOnly(const QString& name) const
+{
+    if (m_access == Access::ReadOnly)
+        return fail(QStringLiteral("Not allowed to change (read-only)"), name);
+    return {};
+}
 
 QString Store::safeComponent(const QString& text)
 {
@@ -136,6 +146,8 @@ bool Store::FileExists(const QString& name)
 
 Status Store::EnsureFolder(const QString& name)
 {
+    if (Status s = refuseWhenReadOnly(name); !s)
+        return s;
     const QString target = resolve(name);
     const QFileInfo info(target);
     if (info.isDir())
@@ -149,6 +161,8 @@ Status Store::EnsureFolder(const QString& name)
 
 Status Store::KillIfPresent(const QString& name)
 {
+    if (Status s = refuseWhenReadOnly(name); !s)
+        return s;
     bool wildcard = false;
     const QString target = resolve(name, &wildcard);
     if (!wildcard) {
@@ -188,6 +202,8 @@ Status Store::KillWithBackup(const QString& name)
 
 Status Store::ReplaceFile(const QString& temporary, const QString& target)
 {
+    if (Status s = refuseWhenReadOnly(target); !s)
+        return s;
     const QString from = resolve(temporary);
     const QString to = resolve(target);
     if (!QFileInfo(from).isFile())
@@ -199,6 +215,8 @@ Status Store::ReplaceFile(const QString& temporary, const QString& target)
 
 Status Store::RemoveFolder(const QString& name)
 {
+    if (Status s = refuseWhenReadOnly(name); !s)
+        return s;
     const QString target = resolve(name);
     if (!QFileInfo(target).isDir())
         return {};
@@ -271,6 +289,8 @@ Result<QByteArray> Store::ReadAll(const QString& name) const
 
 Status Store::WriteFile(const QString& name, const QByteArray& bytes)
 {
+    if (Status s = refuseWhenReadOnly(name); !s)
+        return s;
     QSaveFile file(resolve(name));
     // Where the folder forbids a temporary beside the target, write directly rather
     // than fail: the folder's rights are the user's choice.
@@ -291,6 +311,8 @@ Status Store::RewriteTextFile(const QString& name, const QByteArray& bytes)
 
 Status Store::RewriteThroughTemporary(const QString& target, const QByteArray& bytes)
 {
+    if (Status s = refuseWhenReadOnly(target); !s)
+        return s;
     const QString temporary = QStringLiteral("/TemporaryFile.txt");
     if (Status s = KillIfPresent(temporary); !s)
         return s;
@@ -318,6 +340,8 @@ Status Store::AppendToFile(const QString& name, const QByteArray& bytes)
 Status Store::WriteRecordAt(const QString& name, int recordLength, qint64 recordNo,
                             const QByteArray& record)
 {
+    if (Status s = refuseWhenReadOnly(name); !s)
+        return s;
     if (recordNo < 1 || record.size() != recordLength)
         return fail(QStringLiteral("Bad record number for"), name);
     QFile file(resolve(name));

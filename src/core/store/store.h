@@ -21,7 +21,11 @@
 class Store
 {
 public:
-    explicit Store(QString programFolder);
+    enum class Access { ReadWrite, ReadOnly };
+    // A read-only store refuses every change, FileExists's repair from Backup included:
+    // what a checker of a folder sent in for support uses.
+    explicit Store(QString programFolder, Access access = Access::ReadWrite);
+    bool readOnly() const { return m_access == Access::ReadOnly; }
 
     QString root() const { return m_root; }
     // The absolute path a program-relative name stands for.
@@ -85,6 +89,8 @@ public:
 private:
     QString resolve(const QString& name, bool* wildcard = nullptr) const;
     Status fail(const QString& what, const QString& name) const;
+    Status refuseWhenReadOnly(const QString& name) const;
 
     QString m_root;
+    Access m_access;
 };

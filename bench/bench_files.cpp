@@ -1,0 +1,63 @@
+// The scans every later screen stands on: counting and walking Slips.txt, walking
+// CustomerData.txt, and loading one team day.
+#include "benchharness.h"
+
+#include "customers/customerrecords.h"
+#include "schedule/sliprecord.h"
+#include "store/record.h"
+#include "store/store.h"
+#include "store/textfile.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    const QString folder = LimitFolder();
+    Store store(folder);
+
+    // Count and scan Slips.txt for one account's slips, as the record summary does.
+    const QByteArray account = "555-555-5555";
+    int hits = 0;
+    const double slips = MedianMs([&] {
+        hits = 0;
+        const qint32 count = *store.RecordCount32("/Slips.txt", kSlipRecordLength);
+        const QByteArray bytes = *store.ReadAll("/Slips.txt");
+        ForEachRecord(SlipLayout(), bytes, [&](qsizetype n, const RecordView& r) {
+            if (n <= count && r.trimmedBytes(SlipField::AcctNo) == account)
+                ++hits;
+        });
+    });
+    Report("slips scan", slips, FloorMs(folder, {"/Slips.txt"}));
+
+    // Walk CustomerData.txt comparing each account number.
+    const double customers = MedianMs([&] {
+        hits = 0;
+        const QByteArray bytes = *store.ReadAll("/CustomerData.txt");
+        ForEachRecord(CustomerLayout(), bytes, [&](qsizetype, const RecordView& r) {
+            if (r.trimmedBytes(CustomerField::AccountNo) == account)
+                ++hits;
+        });
+    });
+    Report("customer scan", customers, FloorMs(folder, {"/CustomerData.txt"}));
+
+    // Load one busy team day: twelve slots from a day file.
+    QString dayFile;
+    for (const QString& year : store.List("/"))
+        if (year.size() == 4 && year[0].isDigit()) {
+            const QStringList files = store.List(u'/' + year + QStringLiteral("/Team#1"));
+            if (!files.isEmpty()) {
+                dayFile = u'/' + year + QStringLiteral("/Team#1/") + files.first();
+                break;
+            }
+        }
+    QStringList slotsRead;
+    const double day = MedianMs([&] {
+        TextReader r(*store.ReadAll(dayFile), dayFile);
+        slotsRead.clear();
+        for (int i = 0; i < 12 && !r.atEnd(); ++i)
+            slotsRead << r.readString().valueOr(QString());
+    }, 101);
+    Report("day load", day, FloorMs(folder, {dayFile}, 101));
+    return hits < 0;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "sampleinstallation.h"
+
+#include <QString>
+#include <functional>
+
+// A sample installation at the formats' limits (30 teams, 32,767 customers, 50,000 slips),
+// made once and kept under the system's temporary folder for later runs.
+QString LimitFolder();
+
+// The median time of a few runs of f, in milliseconds.
+double MedianMs(const std::function<void()>& f, int runs = 15);
+// The physical floor: reading the bytes of these files once (program-relative names).
+double FloorMs(const QString& folder, const QStringList& files, int runs = 15);
+// Prints "<name>: <t> ms, floor <f> ms, ratio <t/f>".
+void Report(const QString& name, double ms, double floorMs);
