@@ -2,7 +2,7 @@
 
 #include "customers/customerrecords.h"
 #include "schedule/sliprecord.h"
-#include "shell/dialogs.h"
+#include "shell/silentdialogs.h"
 #include "store/clock.h"
 #include "store/corecontext.h"
 #include "store/dispatchingvariables.h"
@@ -17,28 +17,6 @@
 #include <random>
 
 namespace {
-
-class FixedClock final : public Clock
-{
-public:
-    explicit FixedClock(QDateTime now) : m_now(std::move(now)) {}
-    QDateTime now() const override { return m_now; }
-
-private:
-    QDateTime m_now;
-};
-
-// Nobody is there to answer: every question is answered OK.
-class SilentDialogs final : public Dialogs
-{
-public:
-    Answer message(const QString&, const QString&, Buttons, Icon) override { return Answer::Ok; }
-    std::optional<QString> input(const QString&, const QString&, const QString& d) override
-    {
-        return d;
-    }
-    void beep() override {}
-};
 
 const char* const kFirst[] = {"James", "Mary", "Robert", "Patricia", "John", "Jennifer",
                               "Michael", "Linda", "David", "Elizabeth", "William", "Barbara",

@@ -18,3 +18,16 @@ class SystemClock final : public Clock
 public:
     QDateTime now() const override { return QDateTime::currentDateTime(); }
 };
+
+// A clock that stands where it is put: for tests, tools and generated samples.
+class FixedClock : public Clock
+{
+public:
+    explicit FixedClock(QDateTime now) : m_now(std::move(now)) {}
+    QDateTime now() const override { return m_now; }
+    void set(const QDateTime& now) { m_now = now; }
+    void setDate(const QDate& date) { m_now = QDateTime(date, m_now.time()); }
+
+private:
+    QDateTime m_now;
+};
