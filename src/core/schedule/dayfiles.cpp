@@ -11,9 +11,10 @@ QString NoEventScheduled() { return QStringLiteral("No Event Scheduled"); }
 namespace {
 QString yearText(int year) { return QStringLiteral("%1").arg(year, 4, 10, QLatin1Char('0')); }
 
+// The team is a number as text; whatever else a caller hands in stays one folder name.
 QString teamFolder(const QString& year, const QString& team)
 {
-    return u'/' + year + QStringLiteral("/Team#") + team;
+    return u'/' + year + u'/' + Store::safeComponent(QStringLiteral("Team#") + team);
 }
 } // namespace
 

@@ -28,6 +28,7 @@ class TestDayFiles : public QObject
 private slots:
     void dayFilePath_data();
     void dayFilePath();
+    void aTeamTextNeverLeavesTheYearFolder();
     void dayWithoutAFileIsFree();
     void readBothLineForms_data();
     void readBothLineForms();
@@ -64,6 +65,17 @@ void TestDayFiles::dayFilePath()
     QCOMPARE(f.v.DayFilePath, path);
     QCOMPARE(f.v.CurrentJulian, path.section('/', 3).section('.', 0, 0));
     QVERIFY(f.hasFolder(path.section('/', 1, 2)));
+}
+
+void TestDayFiles::aTeamTextNeverLeavesTheYearFolder()
+{
+    ProgramFolder f;
+    QVERIFY(BuildDayFilePath(f.ctx, QDate(2026, 4, 30), "../../x").ok());
+    QVERIFY(f.v.DayFilePath.startsWith("/2026/"));
+    QCOMPARE(f.v.DayFilePath.count('/'), 3);
+    QVERIFY(WriteDayFile(f.ctx, QDate(2026, 4, 30), "../../x").ok());
+    QVERIFY(f.has(f.v.DayFilePath.mid(1)));
+    QVERIFY(!QFileInfo::exists(f.root() + "/../x"));
 }
 
 void TestDayFiles::dayWithoutAFileIsFree()
