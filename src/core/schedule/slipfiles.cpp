@@ -1,0 +1,144 @@
+#include "slipfiles.h"
+
+#include "store/dispatchingvariables.h"
+#include "store/store.h"
+#include "store/usforms.h"
+
+QString SlipsFileName() { return QStringLiteral("/Slips.txt"); }
+QString MeetingsFileName() { return QStringLiteral("/Meetings.txt"); }
+QString UnscheduledSlipsFileName() { return QStringLiteral("/UnscheduledSlips.txt"); }
+
+Status CountSlipRecords(CoreContext& c, const QString& name)
+{
+    // A file lost from the folder comes back from Backup before it is counted: appending to
+    // a new empty file instead would leave the old records only in Backup, and the next
+    // exit's backup would overwrite them there.
+    if (!c.store.FileExists(name)) {
+        if (Status s = c.store.WriteFile(name, QByteArray()); !s)
+            return s;
+    }
+    const qint64 count = Store::roundedRecords(c.store.FileSize(name), kSlipRecordLength);
+    if (count >= 0x7fffffff)
+        return Status::failure(
+            QStringLiteral("%1 is too large to be a slip file.").arg(c.store.describe(name)));
+    c.v.gRecordCount = qint32(count);
+    c.v.gNextRecord = c.v.gRecordCount + 1;
+    return {};
+}
+
+Status CountRecords(CoreContext& c, const QString& name) { return CountSlipRecords(c, name); }
+
+Status AppendSlip(CoreContext& c, const QString& name)
+{
+    if (Status s = CountRecords(c, name); !s)
+        return s;
+    // Written at count + 1: after a partial last record of less than half a record, the
+    // new record overwrites that fragment rather than landing after it.
+    return c.store.WriteRecordAt(name, kSlipRecordLength, c.v.gNextRecord, c.v.gSlip.bytes());
+}
+
+void FillSlipRecord(DispatchingVariables& v, const SlipScreenValues& screen)
+{
+    SlipRecord& slip = v.gSlip;
+    slip.setText(SlipField::AcctNo, v.gCurAccount);
+    slip.setText(SlipField::Name, v.gCurName);
+    slip.setText(SlipField::Street, v.gCurAddress1);
+    slip.setText(SlipField::City, v.gCurCity);
+    slip.setText(SlipField::St, v.gCurState);
+    slip.setText(SlipField::Tel, v.gCurPhone);
+    slip.setText(SlipField::Zip, v.gCurZip);
+    slip.setText(SlipField::Apt, v.gCurAddress2);
+    slip.setText(SlipField::EventDate, FormatShortDate(screen.currentDate));
+    slip.setText(SlipField::TimeUnit, screen.lblMode);
+    slip.setText(SlipField::Hours, screen.txtTime);
+    slip.setText(SlipField::TeamNo, v.CurrentTeam);
+    slip.setText(SlipField::Amount, FormatCurrency(0));
+    slip.setText(SlipField::PaymentForm, QString());
+    slip.setText(SlipField::Reserved20, QString());
+    slip.setText(SlipField::Reference, QString());
+    slip.setText(SlipField::Status, QStringLiteral("Scheduled"));
+    slip.setText(SlipField::StartSlot, QString::number(screen.currentRow));
+    if (v.Mode == 2) {
+        slip.setText(SlipField::ConfirmationNo, screen.SlipNumber);
+        slip.setText(SlipField::Reference, screen.cboService);
+        slip.setText(SlipField::RecType, QStringLiteral("Service"));
+    } else if (v.Mode == 7) {
+        slip.setText(SlipField::ConfirmationNo, QString());
+        slip.setText(SlipField::Reference, screen.EventText.left(30));
+        slip.setText(SlipField::RecType, QStringLiteral("Meeting"));
+    }
+}
+
+Result<QList<SlipRecord>> ReadSlipRecords(Store& store, const QString& name)
+{
+    QList<SlipRecord> records;
+    if (!store.FileExists(name))
+        return records;
+    Result<QByteArray> bytes = store.ReadAll(name);
+    if (!bytes)
+        return bytes.status();
+    const qint64 count = Store::roundedRecords(bytes->size(), kSlipRecordLength);
+    records.reserve(count);
+    for (qint64 i = 0; i < count; ++i) {
+        const qint64 offset = i * kSlipRecordLength;
+        const qint64 length = qMin<qint64>(kSlipRecordLength, bytes->size() - offset);
+        records.append(SlipRecord(QByteArrayView(bytes->constData() + offset, length)));
+    }
+    return records;
+}
+
+namespace {
+struct Kept {
+    QByteArray bytes;
+    qint32 kept = 0;
+    qint32 dropped = 0;
+};
+
+Result<Kept> keepRecords(Store& store, const QString& name, const SlipFilter& drop)
+{
+    Result<QList<SlipRecord>> records = ReadSlipRecords(store, name);
+    if (!records)
+        return records.status();
+    Kept out;
+    out.bytes.reserve(records->size() * kSlipRecordLength);
+    qint32 recordNo = 0;
+    for (const SlipRecord& record : *records) {
+        if (drop(record, ++recordNo)) {
+            ++out.dropped;
+            continue;
+        }
+        out.bytes += record.bytes();
+        ++out.kept;
+    }
+    return out;
+}
+} // namespace
+
+Result<qint32> DropSlipRecords(Store& store, const QString& name, const SlipFilter& drop)
+{
+    if (!store.FileExists(name))
+        return qint32(0);
+    Result<Kept> kept = keepRecords(store, name, drop);
+    if (!kept)
+        return kept.status();
+    if (Status s = store.RewriteThroughTemporary(name, kept->bytes); !s)
+        return s;
+    return kept->dropped;
+}
+
+Status DeleteUnscheduledSlip(Store& store, qint32 recordNo)
+{
+    const QString name = UnscheduledSlipsFileName();
+    if (!store.FileExists(name))
+        return {};
+    Result<Kept> kept = keepRecords(store, name, [recordNo](const SlipRecord&, qint32 n) {
+        return n == recordNo;
+    });
+    if (!kept)
+        return kept.status();
+    if (kept->kept > 0)
+        return store.RewriteThroughTemporary(name, kept->bytes);
+    if (Status s = store.KillIfPresent(QStringLiteral("/TemporaryFile.txt")); !s)
+        return s;
+    return store.KillWithBackup(name);
+}

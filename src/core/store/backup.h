@@ -1,0 +1,21 @@
+#pragma once
+
+#include "corecontext.h"
+#include "result.h"
+
+#include <QStringList>
+
+// The copies in Backup, made at every orderly exit, from which FileExists brings a lost
+// file back. Only the files of the inventory are copied; day files, CycleInfo.txt,
+// Phone.txt, CallID.txt, ProjectRecords.txt and the AuxFiles and Templates folders are not.
+
+// The 28 names of the inventory, in order, without ".txt". Entry 4 is the settings file and
+// carries its own leading separator, which doubles the separator in its path (harmless).
+const QStringList& DataFileInventory();
+
+// DayFilePath := "/", gBackupPath := "/Backup/", then BackupDataFiles.
+Status SetBackupPaths(CoreContext& c);
+
+// For each file of the inventory that exists at DayFilePath + name, replaces its copy at
+// gBackupPath + name. A file missing from the folder leaves its old copy standing.
+Status BackupDataFiles(CoreContext& c);
