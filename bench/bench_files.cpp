@@ -3,7 +3,12 @@
 #include "benchharness.h"
 
 #include "customers/customerrecords.h"
+#include "schedule/dayfiles.h"
 #include "schedule/sliprecord.h"
+#include "shell/silentdialogs.h"
+#include "store/clock.h"
+#include "store/corecontext.h"
+#include "store/dispatchingvariables.h"
 #include "store/record.h"
 #include "store/store.h"
 #include "store/textfile.h"
@@ -51,13 +56,14 @@ int main(int argc, char* argv[])
                 break;
             }
         }
-    QStringList slotsRead;
-    const double day = MedianMs([&] {
-        TextReader r(*store.ReadAll(dayFile), dayFile);
-        slotsRead.clear();
-        for (int i = 0; i < 12 && !r.atEnd(); ++i)
-            slotsRead << r.readString().valueOr(QString());
-    }, 101);
+    FixedClock clock(QDateTime(QDate(2026, 5, 4), QTime(9, 0)));
+    SilentDialogs dialogs;
+    DispatchingVariables v;
+    CoreContext c{store, clock, dialogs, v};
+    const QString year = dayFile.section(u'/', 1, 1);
+    const int julian = dayFile.section(u'/', 3, 3).section(u'.', 0, 0).toInt();
+    const QDate date = QDate(year.toInt(), 1, 1).addDays(julian - 1);
+    const double day = MedianMs([&] { LoadDay(c, date, QStringLiteral("1")); }, 101);
     Report("day load", day, FloorMs(folder, {dayFile}, 101));
     return hits < 0;
 }

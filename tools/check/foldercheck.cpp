@@ -1,6 +1,7 @@
 #include "foldercheck.h"
 
 #include "customers/customerrecords.h"
+#include "schedule/dayfiles.h"
 #include "schedule/sliprecord.h"
 #include "shell/silentdialogs.h"
 #include "store/clock.h"
@@ -352,12 +353,16 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json)
                 }
                 if (json) {
                     // The slots as the booking screen reads them.
-                    TextReader r(*store.ReadAll(u'/' + rel), rel);
+                    ClearDaySlots(v);
+                    v.DayFilePath = u'/' + rel;
+                    if (Result<int> read = ReadDayToGrid(c); !read) {
+                        check.problems << read.message();
+                        continue;
+                    }
                     j.key(rel);
                     j.open('[');
-                    for (int i = 0; i < 12; ++i)
-                        j.value(r.atEnd() ? QStringLiteral("No Event Scheduled")
-                                          : r.readString().valueOr(QString()));
+                    for (int i = 1; i <= 12; ++i)
+                        j.value(v.DaySlots[i]);
                     j.close(']');
                 }
             }

@@ -1,6 +1,7 @@
 #include "sampleinstallation.h"
 
 #include "customers/customerrecords.h"
+#include "schedule/dayfiles.h"
 #include "schedule/sliprecord.h"
 #include "shell/silentdialogs.h"
 #include "store/clock.h"
@@ -64,14 +65,6 @@ QDate nextWorkDay(QDate d)
     while (d.dayOfWeek() > 5)
         d = d.addDays(1);
     return d;
-}
-
-QByteArray dayFileBytes(const std::array<QString, 13>& daySlots)
-{
-    TextWriter w;
-    for (int i = 1; i <= 12; ++i)
-        w.line(daySlots[i]);
-    return w.bytes();
 }
 
 } // namespace
@@ -199,7 +192,12 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
     // Bookings: two to five a team-day, day after working day, until all are placed.
     const int events = o.slips + o.meetings;
     const int maxDays = o.days > 0 ? o.days : 5000;
-    QHash<QString, std::array<QString, 13>> days; // "/<year>/Team#<n>/<day>.txt" -> daySlots
+    struct BookedDay {
+        QDate date;
+        int team;
+        std::array<QString, 13> daySlots;
+    };
+    QList<BookedDay> days;
     QHash<int, int> sequenceByDay;
     QByteArray slipBytes, meetingBytes;
     slipBytes.reserve(qsizetype(o.slips) * kSlipRecordLength);
@@ -266,22 +264,15 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
                 any = true;
             }
             if (any) {
-                days.insert(QStringLiteral("/%1/Team#%2/%3.txt")
-                                .arg(day.year())
-                                .arg(t)
-                                .arg(day.dayOfYear()),
-                            daySlots);
+                days.append({day, t, daySlots});
                 summary.last = day;
             }
         }
     }
-    for (auto it = days.cbegin(); it != days.cend(); ++it) {
-        const QString path = it.key();
-        const QString yearFolder = path.section(u'/', 1, 1);
-        const QString teamFolder = path.section(u'/', 0, 2);
-        store.EnsureFolder(u'/' + yearFolder);
-        store.EnsureFolder(teamFolder);
-        if (Status s = store.WriteFile(path, dayFileBytes(it.value())); !s)
+    // The day files, through the booking screen's own writer.
+    for (const BookedDay& d : days) {
+        v.DaySlots = d.daySlots;
+        if (Status s = WriteDayFile(c, d.date, QString::number(d.team)); !s)
             return s;
     }
     summary.dayFiles = int(days.size());

@@ -97,6 +97,11 @@ QString Store::resolve(const QString& name, bool* wildcard) const
     const QStringList parts = splitName(name);
     if (wildcard)
         *wildcard = false;
+    // Most names are spelt as they stand on disk: one look settles them.
+    bool plain = true;
+    const QString exact = exactPath(name, &plain);
+    if (plain && QFileInfo::exists(exact))
+        return exact;
     for (qsizetype i = 0; i < parts.size(); ++i) {
         const QString component = safeComponent(parts[i]);
         if (i == parts.size() - 1 && hasWildcard(component)) {
@@ -108,6 +113,20 @@ QString Store::resolve(const QString& name, bool* wildcard) const
         }
     }
     return current;
+}
+
+QString Store::exactPath(const QString& name, bool* plain) const
+{
+    QString exact = m_root;
+    bool noWildcard = true;
+    for (const QString& part : splitName(name)) {
+        const QString component = safeComponent(part);
+        noWildcard = noWildcard && !hasWildcard(component);
+        exact += u'/' + component;
+    }
+    if (plain)
+        *plain = noWildcard;
+    return exact;
 }
 
 QString Store::path(const QString& name) const { return resolve(name); }
@@ -125,6 +144,9 @@ Status Store::fail(const QString& what, const QString& name) const
 
 bool Store::IsFile(const QString& name) const
 {
+    // The name as spelt first: one look for the common case.
+    if (QFileInfo(exactPath(name)).isFile())
+        return true;
     const QFileInfo info(resolve(name));
     return info.exists() && info.isFile();
 }
@@ -133,6 +155,8 @@ bool Store::IsFolder(const QString& name) const { return QFileInfo(resolve(name)
 
 bool Store::FileExists(const QString& name)
 {
+    if (QFileInfo(exactPath(name)).isFile())
+        return true;
     const QString target = resolve(name);
     const QFileInfo info(target);
     if (info.exists())
@@ -148,6 +172,8 @@ Status Store::EnsureFolder(const QString& name)
 {
     if (Status s = refuseWhenReadOnly(name); !s)
         return s;
+    if (QFileInfo(exactPath(name)).isDir())
+        return {};
     const QString target = resolve(name);
     const QFileInfo info(target);
     if (info.isDir())
@@ -276,6 +302,14 @@ qint64 Store::FileSize(const QString& name) const
 
 Result<QByteArray> Store::ReadAll(const QString& name) const
 {
+    // The name as spelt first; the search without regard to case only when it is not there.
+    QFile exact(exactPath(name));
+    if (exact.open(QIODevice::ReadOnly)) {
+        QByteArray bytes = exact.readAll();
+        if (exact.error() != QFileDevice::NoError)
+            return fail(QStringLiteral("Could not read"), name);
+        return bytes;
+    }
     QFile file(resolve(name));
     if (!file.exists())
         return QByteArray();

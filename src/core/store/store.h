@@ -88,6 +88,8 @@ public:
 
 private:
     QString resolve(const QString& name, bool* wildcard = nullptr) const;
+    // The name as spelt, made safe, without looking at the disk.
+    QString exactPath(const QString& name, bool* plain = nullptr) const;
     Status fail(const QString& what, const QString& name) const;
     Status refuseWhenReadOnly(const QString& name) const;
 
