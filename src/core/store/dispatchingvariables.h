@@ -2,6 +2,7 @@
 
 #include "customers/customerrecords.h"
 #include "schedule/sliprecord.h"
+#include "setup/itemrecords.h"
 #include "telephony/callrecord.h"
 
 #include <QDate>
@@ -98,6 +99,10 @@ struct DispatchingVariables {
     CycleRecord gCycle;
     SlipRecord gSlip;
     CallRecord gCall;
+    InvoiceItemRecord gInvoiceItem;         // one record of InvoiceItems.txt
+    ServiceRecord gService;                 // Services.txt, CurrentServices.txt
+    CustomItemRecord gCustomItem;           // CustomItems.txt
+    InventoriedItemRecord gInventoriedItem; // TVInventoriedItems.txt, CurrentItems.txt
 
     // The customer in hand, set only by SaveCustomer
     QString gCurAccount, gCurName, gCurAddress1, gCurAddress2, gCurState, gCurCity, gCurZip,
