@@ -88,14 +88,18 @@ void TestFolderCheck::damagedFilesAreNamedAndNothingIsWritten()
     f.put("Slips.txt", f.get("Slips.txt") + "partial");
     f.put("TresvaneDispatcherSettings.txt", "8\r\n");
     f.put("2026/Team#1/200.txt", "\"No Event Scheduled\"\r\n\"broken\r\n");
+    f.put("CAHistory.txt", QByteArray(10, 'x'));
+    f.put("PrintColors.txt", "red\r\n");
     f.put("Backup/Phone.txt", "#TRUE#\r\n3\r\n"); // only in Backup: must stay there
     const auto before = f.snapshot();
     const FolderCheck check = CheckFolder(f.root());
-    QCOMPARE(check.problems.size(), 3);
+    QCOMPARE(check.problems.size(), 5);
     const QString all = check.problems.join('\n');
     QVERIFY2(all.contains("Slips.txt: 17827 bytes"), qPrintable(all));
     QVERIFY(all.contains("TresvaneDispatcherSettings.txt"));
     QVERIFY(all.contains("2026/Team#1/200.txt: has 2 lines, not 12"));
+    QVERIFY(all.contains("CAHistory.txt: 10 bytes"));
+    QVERIFY(all.contains("PrintColors.txt"));
     QCOMPARE(f.snapshot(), before);
     QVERIFY(!CheckFolder(f.abs("missing")).ok());
 }

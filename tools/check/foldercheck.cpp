@@ -1,6 +1,12 @@
 #include "foldercheck.h"
 
+#include "customers/auxdata.h"
+#include "customers/customerfiles.h"
 #include "customers/customerrecords.h"
+#include "history/historyrecords.h"
+#include "setup/itemrecords.h"
+#include "setup/printsettings.h"
+#include "telephony/speednumbers.h"
 #include "schedule/dayfiles.h"
 #include "schedule/sliprecord.h"
 #include "shell/silentdialogs.h"
@@ -166,6 +172,14 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json)
         {"CompletedSlips.txt", &SlipLayout, &FolderCheck::completedSlips},
         {"ProjectRecords.txt", &SlipLayout, nullptr},
         {"TelCall.txt", &CallLayout, &FolderCheck::calls},
+        {"ServiceHistory.txt", &ServiceHistoryLayout, nullptr},
+        {"CAHistory.txt", &LedgerLayout, nullptr},
+        {"InvoiceItems.txt", &InvoiceItemLayout, nullptr},
+        {"Services.txt", &ServiceLayout, nullptr},
+        {"CurrentServices.txt", &ServiceLayout, nullptr},
+        {"TVInventoriedItems.txt", &InventoriedItemLayout, nullptr},
+        {"CurrentItems.txt", &InventoriedItemLayout, nullptr},
+        {"CustomItems.txt", &CustomItemLayout, nullptr},
     };
     for (const RecordFile& rf : recordFiles) {
         const QString name = u'/' + QString::fromLatin1(rf.name);
@@ -194,6 +208,14 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json)
     }
 
     // The text files, through the loaders the program starts with.
+    PrintColors colors;
+    QStringList texts;
+    auto strings = [&](const QStringList& list) {
+        j.open('[');
+        for (const QString& t : list)
+            j.value(t);
+        j.close(']');
+    };
     struct TextFile {
         const char* name;
         std::function<Status()> load;
@@ -260,6 +282,71 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json)
              j.raw(v.gCallerID ? "true" : "false");
              j.close('}');
          }},
+        {"PrintColors.txt",
+         [&] {
+             Result<PrintColors> r = ReadPrintColors(store);
+             if (r)
+                 colors = *r;
+             return r.status();
+         },
+         [&] {
+             j.open('{');
+             j.key("BorderColor");
+             j.raw(QByteArray::number(colors.borderColor));
+             j.key("TextColor");
+             j.raw(QByteArray::number(colors.textColor));
+             j.key("FontName");
+             j.value(colors.fontName);
+             j.key("PrintColor");
+             j.raw(colors.printColor ? "true" : "false");
+             j.key("Copies");
+             j.raw(QByteArray::number(colors.copies));
+             j.close('}');
+         }},
+        {"CompanyLogo.txt",
+         [&] {
+             Result<QString> r = ReadCompanyLogo(store);
+             if (r)
+                 texts = QStringList{*r};
+             return r.status();
+         },
+         [&] { strings(texts); }},
+        {"LogoSettings.txt",
+         [&] {
+             Result<LogoSize> r = ReadLogoSize(store);
+             if (r)
+                 texts = QStringList{QString::number(r->width), QString::number(r->height)};
+             return r.status();
+         },
+         [&] { strings(texts); }},
+        {"SpeedNumbers.txt",
+         [&] {
+             Result<SpeedNumbers> r = ReadSpeedNumbers(store);
+             texts.clear();
+             if (r)
+                 for (int i = 0; i < SpeedNumbers::kCount; ++i)
+                     texts << r->names[i] << r->numbers[i];
+             return r.status();
+         },
+         [&] { strings(texts); }},
+        {"AuxHeadings.txt",
+         [&] {
+             Result<std::optional<AuxTexts>> r = ReadAuxHeadings(store);
+             texts.clear();
+             if (r && r->has_value())
+                 for (const QString& t : **r)
+                     texts << t;
+             return r.status();
+         },
+         [&] { strings(texts); }},
+        {"StatesList.txt",
+         [&] {
+             Result<QStringList> r = ReadStatesList(store);
+             if (r)
+                 texts = *r;
+             return r.status();
+         },
+         [&] { strings(texts); }},
         {"SlipNo.txt", [&] { return LoadSlipNo(c); },
          [&] {
              j.open('{');
