@@ -1,6 +1,7 @@
 // The scans every later screen stands on: counting and walking Slips.txt, walking
 // CustomerData.txt, and loading one team day.
 #include "benchharness.h"
+#include "foldercheck.h"
 
 #include "customers/customerrecords.h"
 #include "schedule/dayfiles.h"
@@ -14,6 +15,7 @@
 #include "store/textfile.h"
 
 #include <QCoreApplication>
+#include <QDirIterator>
 
 int main(int argc, char* argv[])
 {
@@ -65,5 +67,13 @@ int main(int argc, char* argv[])
     const QDate date = QDate(year.toInt(), 1, 1).addDays(julian - 1);
     const double day = MedianMs([&] { LoadDay(c, date, QStringLiteral("1")); }, 101);
     Report("day load", day, FloorMs(folder, {dayFile}, 101));
+
+    // The whole folder through the checker's summary, against reading every file once.
+    QStringList everything;
+    QDirIterator it(folder, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        everything << it.next().mid(folder.size());
+    const double check = MedianMs([&] { CheckFolder(folder); }, 5);
+    Report("folder check", check, FloorMs(folder, everything, 5));
     return hits < 0;
 }
