@@ -60,6 +60,25 @@ QString phoneFor(int i)
         .arg((i * 7919) % 10000, 4, 10, QLatin1Char('0'));
 }
 
+// A slip as booking makes it: the customer's copy of name and address, status and amount.
+SlipRecord newSlip(const Customer& cu, int hours)
+{
+    SlipRecord r;
+    r.setText(SlipField::TimeUnit, QStringLiteral("Hours"));
+    r.setText(SlipField::Hours, QString::number(hours));
+    r.setText(SlipField::Status, QStringLiteral("Scheduled"));
+    r.setText(SlipField::Amount, FormatCurrency(0));
+    r.setText(SlipField::AcctNo, cu.account);
+    r.setText(SlipField::Name, cu.name);
+    r.setText(SlipField::Street, cu.street);
+    r.setText(SlipField::Apt, cu.apt);
+    r.setText(SlipField::City, cu.city);
+    r.setText(SlipField::St, cu.state);
+    r.setText(SlipField::Zip, cu.zip);
+    r.setText(SlipField::Tel, cu.phone);
+    return r;
+}
+
 QDate nextWorkDay(QDate d)
 {
     while (d.dayOfWeek() > 5)
@@ -223,22 +242,10 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
                 const bool meeting =
                     placedMeetings < o.meetings &&
                     (placedSlips >= o.slips || rng() % std::max(1, events / std::max(1, o.meetings)) == 0);
-                SlipRecord r;
+                SlipRecord r = newSlip(cu, hours);
                 r.setText(SlipField::TeamNo, QString::number(t));
-                r.setText(SlipField::TimeUnit, QStringLiteral("Hours"));
-                r.setText(SlipField::Hours, QString::number(hours));
                 r.setText(SlipField::EventDate, FormatShortDate(day));
                 r.setText(SlipField::StartSlot, QString::number(slot));
-                r.setText(SlipField::Status, QStringLiteral("Scheduled"));
-                r.setText(SlipField::Amount, FormatCurrency(0));
-                r.setText(SlipField::AcctNo, cu.account);
-                r.setText(SlipField::Name, cu.name);
-                r.setText(SlipField::Street, cu.street);
-                r.setText(SlipField::Apt, cu.apt);
-                r.setText(SlipField::City, cu.city);
-                r.setText(SlipField::St, cu.state);
-                r.setText(SlipField::Zip, cu.zip);
-                r.setText(SlipField::Tel, cu.phone);
                 QString label;
                 if (meeting) {
                     label = QStringLiteral("Mtg - ") + v.TimeLabels[slot] + QStringLiteral(" - ") + cu.name;
@@ -286,20 +293,9 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
     QByteArray storedBytes;
     for (int i = 0; i < o.storedSlips; ++i) {
         const Customer& cu = customers[rng() % customers.size()];
-        SlipRecord r;
+        SlipRecord r = newSlip(cu, 1 + int(rng() % 2));
         r.setText(SlipField::RecType, QStringLiteral("Service"));
-        r.setText(SlipField::TimeUnit, QStringLiteral("Hours"));
-        r.setText(SlipField::Hours, QString::number(1 + rng() % 2));
         r.setText(SlipField::Reference, QString::fromLatin1(pick(rng, kProblems)));
-        r.setText(SlipField::Status, QStringLiteral("Scheduled"));
-        r.setText(SlipField::Amount, FormatCurrency(0));
-        r.setText(SlipField::AcctNo, cu.account);
-        r.setText(SlipField::Name, cu.name);
-        r.setText(SlipField::Street, cu.street);
-        r.setText(SlipField::City, cu.city);
-        r.setText(SlipField::St, cu.state);
-        r.setText(SlipField::Zip, cu.zip);
-        r.setText(SlipField::Tel, cu.phone);
         storedBytes += r.bytes();
     }
     if (!storedBytes.isEmpty())
