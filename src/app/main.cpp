@@ -1,15 +1,26 @@
+#include "shell/app.h"
+#include "shell/qtdesktop.h"
 #include "shell/qtdialogs.h"
+#include "store/clock.h"
 
 #include <QApplication>
-#include <QLabel>
 
 int main(int argc, char* argv[])
 {
-    QApplication app(argc, argv);
+    QApplication application(argc, argv);
     QApplication::setApplicationName(ExecutableBaseName());
-    QLabel window(QStringLiteral("Tresvane Dispatcher"));
-    window.setWindowTitle(ApplicationTitle());
-    window.resize(480, 200);
-    window.show();
-    return app.exec();
+    QApplication::setOrganizationName(QStringLiteral("TresvaneDispatcher"));
+    // Closing the last screen does not end the run: every way out goes through
+    // ExitProgram, which makes the backup first.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    SystemClock clock;
+    QtDialogs dialogs;
+    QtDesktop desktop;
+    App app(QCoreApplication::applicationDirPath(), clock, dialogs, desktop);
+    QObject::connect(&app, &App::finished, &application, &QCoreApplication::exit,
+                     Qt::QueuedConnection);
+    if (!app.Main())
+        return 1;
+    return application.exec();
 }

@@ -51,6 +51,9 @@ struct SetupSettings {
     QStringList lstServices;
     // The business boxes txtBusiness(0..8).
     std::array<QString, 9> txtBusiness;
+    // The caption of the address style button: the layout on screen, "USA Style Address"
+    // or "International Style Address". Documents compare with the first.
+    QString cmdAddress = QStringLiteral("USA Style Address");
 };
 
 // The shared variables of the program under their own names. The App owns one; every

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+// The desktop around the program: the system's browser and the clipboard.
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+    // Shows a web address in the system's browser, without waiting for it.
+    virtual void openUrl(const QString& url) = 0;
+    virtual void setClipboardText(const QString& text) = 0;
+};

@@ -1,0 +1,285 @@
+#include "frmsetup.h"
+
+#include "setupassignmentstab.h"
+#include "setupbusinesstab.h"
+#include "setupinvoiceitemstab.h"
+#include "setuplogotab.h"
+#include "setupoperationstab.h"
+#include "setupprinttab.h"
+#include "setupproblemstab.h"
+#include "setupserviceordertab.h"
+#include "setup/addressstyle.h"
+#include "setup/assignments.h"
+#include "shell/dialogs.h"
+#include "shell/logo.h"
+#include "shell/pendinghooks.h"
+#include "shell/startup.h"
+#include "store/dispatchingvariables.h"
+#include "store/settingsfiles.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
+{
+    setObjectName(QStringLiteral("frmSetup"));
+    setWindowTitle(ApplicationTitle() + QStringLiteral(" Setup"));
+
+    tabSetup = new QTabWidget(this);
+    tabSetup->setObjectName(QStringLiteral("tabSetup"));
+    business = new SetupBusinessTab(c);
+    assignments = new SetupAssignmentsTab(c);
+    problems = new SetupProblemsTab(c);
+    operations = new SetupOperationsTab(c);
+    printing = new SetupPrintTab(c);
+    invoiceItems = new SetupInvoiceItemsTab(c);
+    logo = new SetupLogoTab(c);
+    serviceOrder = new SetupServiceOrderTab(c);
+    tabSetup->addTab(business, QStringLiteral("Business Info"));
+    tabSetup->addTab(assignments, QStringLiteral("Assignments"));
+    tabSetup->addTab(problems, QStringLiteral("Problem Descriptions"));
+    tabSetup->addTab(operations, QStringLiteral("Operations"));
+    tabSetup->addTab(printing, QStringLiteral("Printing"));
+    tabSetup->addTab(invoiceItems, QStringLiteral("Invoice Items"));
+    tabSetup->addTab(logo, QStringLiteral("Logo"));
+    tabSetup->addTab(serviceOrder, QStringLiteral("Service Order Items"));
+    // The buttons of the print tab share their array with the Assignments' Change.
+    printing->cmdChange[0] = assignments->cmdChange;
+
+    Image1_0 = new QToolButton(this);
+    Image1_0->setObjectName(QStringLiteral("Image1_0"));
+    Image1_0->setIcon(QIcon(ProgramMark(40)));
+    Image1_0->setIconSize(QSize(40, 40));
+    Image1_0->setText(QStringLiteral("Advance MainTab  --->"));
+    Image1_0->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    Image1_0->setAutoRaise(true);
+    Image1_0->setToolTip(QStringLiteral("Yes, I'm the LOGO"));
+
+    cmdQuit = new QPushButton(QStringLiteral("&Save Settings and Return to Menu"), this);
+    cmdQuit->setObjectName(QStringLiteral("cmdQuit"));
+    cmdQuit->setDefault(true);
+    cmdHelp = new QPushButton(QStringLiteral("Toggle Help"), this);
+    cmdHelp->setObjectName(QStringLiteral("cmdHelp"));
+
+    fraHelp = new QFrame(this);
+    fraHelp->setObjectName(QStringLiteral("fraHelp"));
+    fraHelp->setFrameShape(QFrame::StyledPanel);
+    auto* help = new QLabel(
+        QStringLiteral("Fill in each tab in turn: your business, at least one Assignment and "
+                       "one Problem Description, then the Operations settings. Click the logo "
+                       "to move to the next tab. \"Save Settings and Return to Menu\" stores "
+                       "everything and opens the main menu."),
+        fraHelp);
+    help->setWordWrap(true);
+    (new QVBoxLayout(fraHelp))->addWidget(help);
+    fraHelp->setVisible(false);
+
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(Image1_0);
+    bottom->addStretch(1);
+    bottom->addWidget(cmdHelp);
+    bottom->addWidget(cmdQuit);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 12, 12, 12);
+    layout->addWidget(tabSetup, 1);
+    layout->addWidget(fraHelp);
+    layout->addLayout(bottom);
+    resize(980, 660);
+
+    connect(tabSetup, &QTabWidget::currentChanged, this, &frmSetup::tabChanged);
+    connect(Image1_0, &QToolButton::clicked, this, &frmSetup::Image1_Click);
+    connect(cmdQuit, &QPushButton::clicked, this, &frmSetup::cmdQuit_Click);
+    connect(cmdHelp, &QPushButton::clicked, this,
+            [this] { fraHelp->setVisible(!fraHelp->isVisible()); });
+    connect(operations, &SetupOperationsTab::invoiceStyleChanged, this,
+            &frmSetup::EnableInvoiceTabs);
+    connect(assignments, &SetupAssignmentsTab::assignmentsChanged, this,
+            &frmSetup::assignmentsChanged);
+}
+
+bool frmSetup::fail(const Status& s)
+{
+    if (s)
+        return false;
+    c.dialogs.message(s.message());
+    return true;
+}
+
+Status frmSetup::Form_Load(qint16 detectedModemPort)
+{
+    Status first;
+    auto keep = [&first](Status s) {
+        if (first && !s)
+            first = s;
+    };
+    PendingHooks::ItemCatalogues catalogues;
+    keep(PendingHooks::LoadItemCatalogues(c, catalogues));
+    // The Service Order style is open only when a sibling program's catalogue exists.
+    operations->setServiceOrderAvailable(catalogues.stockFileExists);
+    invoiceItems->setStockItems(catalogues.stockItems);
+    keep(invoiceItems->LoadInvoiceItems());
+    keep(LoadPhoneSettings(c, detectedModemPort));
+    keep(printing->LoadPrintColors());
+    keep(logo->LoadLogo());
+    business->BuildBusiness();
+    serviceOrder->showCatalogues(catalogues);
+    showSettings();
+    return first;
+}
+
+void frmSetup::showSettings()
+{
+    operations->loadFromSettings();
+    printing->ckColor->setChecked(c.v.settings.ckColor == 1);
+}
+
+void frmSetup::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    Form_Activate();
+}
+
+void frmSetup::Form_Activate()
+{
+    tabSetup->setCurrentIndex(TabBusiness);
+    business->txtBusiness[0]->setFocus();
+    EnableInvoiceTabs();
+}
+
+void frmSetup::EnableInvoiceTabs()
+{
+    tabSetup->setTabEnabled(TabInvoiceItems, false);
+    tabSetup->setTabEnabled(TabServiceOrder, false);
+    if (operations->optServiceInvoice[1]->isChecked())
+        tabSetup->setTabEnabled(TabInvoiceItems, true);
+    if (operations->optServiceInvoice[2]->isChecked())
+        tabSetup->setTabEnabled(TabServiceOrder, true);
+}
+
+void frmSetup::tabChanged(int index)
+{
+    switch (index) {
+    case TabBusiness:
+        business->txtBusiness[0]->setFocus();
+        break;
+    case TabAssignments:
+        assignments->enterTab();
+        break;
+    case TabProblems:
+        problems->cboProblems->setFocus();
+        break;
+    case TabInvoiceItems:
+        invoiceItems->txtInvoiceItem->setFocus();
+        break;
+    default:
+        break;
+    }
+}
+
+void frmSetup::Image1_Click()
+{
+    // A closed tab is passed over by taking the step again.
+    int next = tabSetup->currentIndex();
+    for (int i = 0; i < tabSetup->count(); ++i) {
+        next = (next + 1) % tabSetup->count();
+        if (tabSetup->isTabEnabled(next))
+            break;
+    }
+    tabSetup->setCurrentIndex(next);
+}
+
+void frmSetup::cmdQuit_Click()
+{
+    // 1. The telephone must end in four digits.
+    QLineEdit* phone = business->txtBusiness[6];
+    if (!TelephoneValid(phone->text())) {
+        c.dialogs.message(QStringLiteral("Your Telephone Number (structure) is invalid"));
+        phone->clear();
+        tabSetup->setCurrentIndex(TabBusiness);
+        phone->setFocus();
+        return;
+    }
+    // 2. The business data.
+    business->storeToSettings();
+    if (fail(SaveBusiness(c)) || fail(LoadBusiness(c)))
+        return;
+    // 3, 4. At least one team and one problem description.
+    const QStringList teams = assignments->entries();
+    if (teams.isEmpty()) {
+        c.dialogs.message(QStringLiteral("You must create at least one assignment"),
+                          QStringLiteral("Files Missing"));
+        tabSetup->setCurrentIndex(TabAssignments);
+        assignments->cboAssignments->setFocus();
+        return;
+    }
+    const QStringList problemList = problems->entries();
+    if (problemList.isEmpty()) {
+        c.dialogs.message(QStringLiteral("You must create at least one problem code"),
+                          QStringLiteral("Files Missing"));
+        tabSetup->setCurrentIndex(TabProblems);
+        problems->cboProblems->setFocus();
+        return;
+    }
+    // 5. A folder for every team in the current year.
+    for (int n = 1; n <= teams.size(); ++n)
+        if (fail(MakeFolder(c, n)))
+            return;
+    // 6. The two lists.
+    if (fail(SaveAssignments(c, teams)))
+        return;
+    assignments->FillAssignmentLists();
+    if (fail(SaveProblems(c, problemList)) || fail(LoadProblems(c)))
+        return;
+    problems->LoadProblems();
+    // 7. Phone, caller ID, alarms and prompts.
+    operations->storeToSettings();
+    c.v.settings.ckColor = printing->ckColor->isChecked() ? 1 : 0;
+    c.v.gPhoneChained = c.v.settings.ckPhone == 1;
+    if (fail(SavePhoneSettings(c)))
+        return;
+    c.v.gCallerID = c.v.settings.ckCallerID == 1;
+    c.v.gAlarms = c.v.settings.ckAlarms == 1;
+    c.v.gPrompts = c.v.settings.ckPrompts == 1;
+    // 8. The settings file, then the phone settings again with the new caller ID.
+    c.v.settings.SlipNumberBad = false;
+    const Status saved = SaveSettings(c);
+    // A bad slip number has been told to the user already; step 9 takes it up.
+    if (!saved && !c.v.settings.SlipNumberBad) {
+        fail(saved);
+        return;
+    }
+    if (fail(SavePhoneSettings(c)))
+        return;
+    // 9. Back to the slip number box when it did not hold a number.
+    if (c.v.settings.SlipNumberBad) {
+        tabSetup->setCurrentIndex(TabOperations);
+        operations->tabSub->setCurrentIndex(3);
+        operations->txtNextSlip->clear();
+        operations->txtNextSlip->setFocus();
+        c.v.settings.SlipNumberBad = false;
+        return;
+    }
+    // 10. Print colours, the settings read back, logo size and the invoice items.
+    if (fail(printing->SavePrintColors()) || fail(LoadSettings(c)) ||
+        fail(LoadPhoneSettings(c, c.v.gModemPort)) || fail(logo->SaveLogoSettings()) ||
+        fail(invoiceItems->SaveInvoiceItems()))
+        return;
+    showSettings();
+    // 11. The gate to the menu.
+    if (AllRequiredFilesExist(c)) {
+        hide();
+        emit showMenu();
+        return;
+    }
+    c.dialogs.message(QStringLiteral("You Have Not Created All Required Files"));
+    tabSetup->setCurrentIndex(TabBusiness);
+}

@@ -1,0 +1,248 @@
+#include "setupoperationstab.h"
+
+#include "shell/logo.h"
+#include "shell/dialogs.h"
+#include "store/dispatchingvariables.h"
+#include "store/numbering.h"
+#include "store/settingsfiles.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+template <typename T> T* named(T* w, const char* name)
+{
+    w->setObjectName(QString::fromLatin1(name));
+    return w;
+}
+QString sizeCaption(bool letter)
+{
+    return letter ? QStringLiteral("USA Letter Size") : QStringLiteral("A4 Size");
+}
+} // namespace
+
+SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
+{
+    setObjectName(QStringLiteral("tabOperations"));
+    tabSub = named(new QTabWidget(this), "tabSub");
+
+    // 0: work week and first hour
+    auto* week = new QWidget;
+    auto* hours = new QGroupBox(QStringLiteral("Work Day Starts"), week);
+    ck7 = named(new QRadioButton(QStringLiteral("07:00 am"), hours), "ck7");
+    ck8 = named(new QRadioButton(QStringLiteral("08:00 am"), hours), "ck8");
+    auto* hoursLayout = new QVBoxLayout(hours);
+    hoursLayout->addWidget(ck7);
+    hoursLayout->addWidget(ck8);
+    auto* days = new QGroupBox(QStringLiteral("Work Week"), week);
+    optMF = named(new QRadioButton(WorkWeekCaption(5), days), "optMF");
+    optMS = named(new QRadioButton(WorkWeekCaption(61), days), "optMS");
+    optSF = named(new QRadioButton(WorkWeekCaption(62), days), "optSF");
+    optSS = named(new QRadioButton(WorkWeekCaption(7), days), "optSS");
+    auto* daysLayout = new QVBoxLayout(days);
+    for (QRadioButton* b : {optMF, optMS, optSF, optSS})
+        daysLayout->addWidget(b);
+    auto* weekLayout = new QHBoxLayout(week);
+    weekLayout->addWidget(hours);
+    weekLayout->addWidget(days);
+    weekLayout->addStretch(1);
+    tabSub->addTab(week, QStringLiteral("Work Week"));
+
+    // 1: invoice style and paper
+    auto* invoices = new QWidget;
+    auto* style = new QGroupBox(QStringLiteral("Invoice Style"), invoices);
+    optServiceInvoice[0] = named(new QRadioButton(QStringLiteral("Office Style Invoices"), style),
+                                 "optServiceInvoice_0");
+    optServiceInvoice[1] = named(
+        new QRadioButton(QStringLiteral("Repair Invoices (perforated paper)"), style),
+        "optServiceInvoice_1");
+    optServiceInvoice[2] = named(new QRadioButton(QStringLiteral("Service Order/Invoice"), style),
+                                 "optServiceInvoice_2");
+    auto* styleLayout = new QVBoxLayout(style);
+    for (QRadioButton* b : optServiceInvoice)
+        styleLayout->addWidget(b);
+    ckSize = named(new QCheckBox(sizeCaption(true), invoices), "ckSize");
+    auto* invoiceLayout = new QVBoxLayout(invoices);
+    invoiceLayout->addWidget(style);
+    invoiceLayout->addWidget(ckSize);
+    invoiceLayout->addStretch(1);
+    tabSub->addTab(invoices, QStringLiteral("Invoices"));
+    // Open only when the catalogue of a sibling program exists.
+    optServiceInvoice[2]->setVisible(false);
+
+    // 2: phone, alarms and prompts
+    auto* phone = new QWidget;
+    ckPhone = named(new QCheckBox(QStringLiteral("Telephone is connected through the Modem"),
+                                  phone),
+                    "ckPhone");
+    ckCallerID = named(new QCheckBox(QStringLiteral("Modem reports Caller ID"), phone),
+                       "ckCallerID");
+    lblCallID = named(new QLabel(QStringLiteral("Caller ID requires a service from your "
+                                                "telephone company"),
+                                 phone),
+                      "lblCallID");
+    ckAlarms = named(new QCheckBox(QStringLiteral("Sound Alarm on Errors"), phone), "ckAlarms");
+    ckPrompts = named(new QCheckBox(QStringLiteral("Show Prompts and Confirmations"), phone),
+                      "ckPrompts");
+    auto* phoneLayout = new QVBoxLayout(phone);
+    for (QWidget* w : std::initializer_list<QWidget*>{ckPhone, ckCallerID, lblCallID, ckAlarms,
+                                                      ckPrompts})
+        phoneLayout->addWidget(w);
+    phoneLayout->addStretch(1);
+    tabSub->addTab(phone, QStringLiteral("Phone and Alerts"));
+
+    // 3: slip numbering
+    auto* slips = new QWidget;
+    ckSlipStyle = named(
+        new QCheckBox(
+            QStringLiteral("Program   =       SA -110-1 Continuous    =     100001"), slips),
+        "ckSlipStyle");
+    auto* slipHint = new QLabel(QStringLiteral("Unchecked - enter once then auto increments"),
+                                slips);
+    fraSlipNo = named(new QGroupBox(QStringLiteral("Next Service Slip"), slips), "fraSlipNo");
+    txtNextSlip = named(new QLineEdit(fraSlipNo), "txtNextSlip");
+    txtNextSlip->setMaximumWidth(120);
+    static const char* const captions[3] = {"Clear", "Reset", "Reload"};
+    static const char* const tips[3] = {"Clears the Slip Box", "Sets the Slip No to 1000",
+                                        "Reloads the Slip No from File"};
+    auto* slipRow = new QHBoxLayout(fraSlipNo);
+    slipRow->addWidget(txtNextSlip);
+    for (int i = 0; i < 3; ++i) {
+        cmdServiceSlip[i] = new QPushButton(QString::fromLatin1(captions[i]), fraSlipNo);
+        cmdServiceSlip[i]->setObjectName(QStringLiteral("cmdServiceSlip_%1").arg(i));
+        cmdServiceSlip[i]->setToolTip(QString::fromLatin1(tips[i]));
+        slipRow->addWidget(cmdServiceSlip[i]);
+        connect(cmdServiceSlip[i], &QPushButton::clicked, this,
+                [this, i] { cmdServiceSlip_Click(i); });
+    }
+    slipRow->addStretch(1);
+    auto* slipLayout = new QVBoxLayout(slips);
+    slipLayout->addWidget(ckSlipStyle);
+    slipLayout->addWidget(slipHint);
+    slipLayout->addWidget(fraSlipNo);
+    slipLayout->addStretch(1);
+    tabSub->addTab(slips, QStringLiteral("Slip Numbers"));
+
+    Image1_5 = named(new QToolButton(this), "Image1_5");
+    Image1_5->setIcon(QIcon(ProgramMark(32)));
+    Image1_5->setIconSize(QSize(32, 32));
+    Image1_5->setText(QStringLiteral("Advance SubTab  --->"));
+    Image1_5->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    Image1_5->setAutoRaise(true);
+    Image1_5->setToolTip(QStringLiteral("Yes, I'm the LOGO"));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(tabSub, 1);
+    auto* bottom = new QHBoxLayout;
+    bottom->addStretch(1);
+    bottom->addWidget(Image1_5);
+    layout->addLayout(bottom);
+
+    connect(Image1_5, &QToolButton::clicked, this, &SetupOperationsTab::Image1_Click);
+    connect(ckSlipStyle, &QCheckBox::clicked, this, &SetupOperationsTab::ckSlipStyle_Click);
+    connect(ckSize, &QCheckBox::toggled, this,
+            [this](bool on) { ckSize->setText(sizeCaption(on)); });
+    connect(ck7, &QRadioButton::clicked, this, [this] { c.v.gStartHour = 7; });
+    connect(ck8, &QRadioButton::clicked, this, [this] { c.v.gStartHour = 8; });
+    const std::pair<QRadioButton*, int> weeks[] = {{optMF, 5}, {optMS, 61}, {optSF, 62}, {optSS, 7}};
+    for (auto [button, code] : weeks)
+        connect(button, &QRadioButton::clicked, this, [this, code = code] {
+            c.v.gWorkDays = quint8(code);
+            c.v.settings.workWeekOption = code;
+        });
+    for (QRadioButton* b : optServiceInvoice)
+        connect(b, &QRadioButton::toggled, this, [this](bool on) {
+            if (on && !m_loading)
+                emit invoiceStyleChanged();
+        });
+}
+
+void SetupOperationsTab::loadFromSettings()
+{
+    m_loading = true;
+    const SetupSettings& s = c.v.settings;
+    ck7->setChecked(s.ck7);
+    ck8->setChecked(s.ck8);
+    QRadioButton* week = s.workWeekOption == 5    ? optMF
+                         : s.workWeekOption == 61 ? optMS
+                         : s.workWeekOption == 62 ? optSF
+                         : s.workWeekOption == 7  ? optSS
+                                                  : nullptr;
+    for (QRadioButton* b : {optMF, optMS, optSF, optSS}) {
+        b->setAutoExclusive(false);
+        b->setChecked(b == week);
+        b->setAutoExclusive(true);
+    }
+    for (int i = 0; i < 3; ++i)
+        optServiceInvoice[i]->setChecked(s.optServiceInvoice[i]);
+    ckSize->setChecked(s.ckSize == 1);
+    ckSize->setText(sizeCaption(s.ckSize == 1));
+    ckPhone->setChecked(s.ckPhone == 1);
+    ckCallerID->setChecked(s.ckCallerID == 1);
+    lblCallID->setVisible(s.lblCallIDVisible);
+    ckAlarms->setChecked(s.ckAlarms == 1);
+    ckPrompts->setChecked(s.ckPrompts == 1);
+    ckSlipStyle->setChecked(s.ckSlipStyle == 1);
+    fraSlipNo->setVisible(s.fraSlipNoVisible);
+    txtNextSlip->setText(s.txtNextSlip);
+    m_loading = false;
+}
+
+void SetupOperationsTab::storeToSettings()
+{
+    SetupSettings& s = c.v.settings;
+    s.ck7 = ck7->isChecked();
+    s.ck8 = ck8->isChecked();
+    for (int i = 0; i < 3; ++i)
+        s.optServiceInvoice[i] = optServiceInvoice[i]->isChecked();
+    s.ckSize = ckSize->isChecked() ? 1 : 0;
+    s.ckPhone = ckPhone->isChecked() ? 1 : 0;
+    s.ckCallerID = ckCallerID->isChecked() ? 1 : 0;
+    s.ckAlarms = ckAlarms->isChecked() ? 1 : 0;
+    s.ckPrompts = ckPrompts->isChecked() ? 1 : 0;
+    s.ckSlipStyle = ckSlipStyle->isChecked() ? 1 : 0;
+    s.txtNextSlip = txtNextSlip->text();
+}
+
+void SetupOperationsTab::setServiceOrderAvailable(bool available)
+{
+    optServiceInvoice[2]->setVisible(available);
+}
+
+void SetupOperationsTab::ckSlipStyle_Click()
+{
+    c.v.settings.ckSlipStyle = ckSlipStyle->isChecked() ? 1 : 0;
+    if (ckSlipStyle->isChecked()) {
+        fraSlipNo->setVisible(false);
+        c.v.settings.fraSlipNoVisible = false;
+        return;
+    }
+    fraSlipNo->setVisible(true);
+    c.v.settings.fraSlipNoVisible = true;
+    if (Status s = LoadSlipNo(c); !s)
+        c.dialogs.message(s.message());
+    txtNextSlip->setText(c.v.settings.txtNextSlip);
+}
+
+void SetupOperationsTab::cmdServiceSlip_Click(int index)
+{
+    c.v.settings.txtNextSlip = txtNextSlip->text();
+    ServiceSlipButton(c.v, index);
+    txtNextSlip->setText(c.v.settings.txtNextSlip);
+    if (index == 0)
+        txtNextSlip->setFocus();
+}
+
+void SetupOperationsTab::Image1_Click()
+{
+    tabSub->setCurrentIndex((tabSub->currentIndex() + 1) % tabSub->count());
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "store/corecontext.h"
+#include "store/result.h"
+
+#include <QWidget>
+#include <array>
+
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QTabWidget;
+class QToolButton;
+
+// Tab 3 of the setup screen, Operations, with its sub-tabs: 0 the work week and the first
+// hour, 1 the invoice style and paper, 2 phone, alarms and prompts, 3 slip numbering.
+class SetupOperationsTab : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit SetupOperationsTab(CoreContext& ctx, QWidget* parent = nullptr);
+
+    QTabWidget* tabSub;
+    QToolButton* Image1_5; // advances the sub-tab
+    // Sub-tab 0
+    QRadioButton* ck7;
+    QRadioButton* ck8;
+    QRadioButton* optMF;
+    QRadioButton* optMS;
+    QRadioButton* optSF;
+    QRadioButton* optSS;
+    // Sub-tab 1
+    std::array<QRadioButton*, 3> optServiceInvoice;
+    QCheckBox* ckSize;
+    // Sub-tab 2
+    QCheckBox* ckPhone;
+    QCheckBox* ckCallerID;
+    QLabel* lblCallID;
+    QCheckBox* ckAlarms;
+    QCheckBox* ckPrompts;
+    // Sub-tab 3
+    QCheckBox* ckSlipStyle;
+    QGroupBox* fraSlipNo;
+    QLineEdit* txtNextSlip;
+    std::array<QPushButton*, 3> cmdServiceSlip;
+
+    // Controls from the settings in memory, and back.
+    void loadFromSettings();
+    void storeToSettings();
+    // Whether the Service Order style can be chosen (its catalogue exists).
+    void setServiceOrderAvailable(bool available);
+
+    void ckSlipStyle_Click();
+    void cmdServiceSlip_Click(int index);
+    void Image1_Click();
+
+signals:
+    void invoiceStyleChanged();
+
+private:
+    CoreContext& c;
+    bool m_loading = false;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "shell/pendinghooks.h"
+#include "store/corecontext.h"
+
+#include <QWidget>
+#include <array>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+// Tab 4 of the setup screen, Printing: the two colours, the font, colour printing and
+// the number of copies that every document shares.
+class SetupPrintTab : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit SetupPrintTab(CoreContext& ctx, QWidget* parent = nullptr);
+
+    QLabel* txtBorders; // "Border / Frame Color", shown as its back colour
+    QLabel* txtData;    // "Text Color"
+    QLabel* lblFont;
+    QCheckBox* ckColor;
+    QComboBox* cboCopies;
+    // cmdChange(1) border colour, (2) text colour, (3) font; (0) is the Assignments' Change.
+    std::array<QPushButton*, 4> cmdChange{};
+
+    // Colours are kept as the old platform's RGB value: red in the low byte.
+    static QColor fromRgbValue(qint32 value);
+    static qint32 toRgbValue(const QColor& color);
+
+    void showSettings(const PendingHooks::PrintColorSettings& s);
+    PendingHooks::PrintColorSettings settings() const;
+    // Reads PrintColors.txt (or its defaults) into the controls and the shared state.
+    Status LoadPrintColors();
+    // Writes the controls to PrintColors.txt; gBorderColor follows the border box.
+    Status SavePrintColors();
+
+    void cmdChange_Click(int index);
+
+private:
+    void setSwatch(QLabel* box, qint32 value);
+    CoreContext& c;
+    qint32 m_border = 0;
+    qint32 m_text = 0;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "store/corecontext.h"
+#include "store/result.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QPushButton;
+
+// Tab 2 of the setup screen: the Problem Descriptions offered when a slip is booked.
+class SetupProblemsTab : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit SetupProblemsTab(CoreContext& ctx, QWidget* parent = nullptr);
+
+    QComboBox* cboProblems;
+    QPushButton* cmdSavePC;
+    QPushButton* cmdDeletePC;
+
+    QStringList entries() const;
+    // The list from the problems in memory.
+    void LoadProblems();
+    void cmdSavePC_Click();
+    void cmdDeletePC_Click();
+
+private:
+    CoreContext& c;
+};

@@ -1,0 +1,194 @@
+#include "app.h"
+
+#include "frmsplash.h"
+#include "frmstartup.h"
+#include "pendinghooks.h"
+#include "screenframe.h"
+#include "setup/frmsetup.h"
+#include "setup/setupassignmentstab.h"
+#include "setup/setupproblemstab.h"
+#include "shell/desktop.h"
+#include "shell/dialogs.h"
+#include "shell/startup.h"
+#include "store/clock.h"
+#include "store/numbering.h"
+#include "store/settingsfiles.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QLockFile>
+
+App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
+         QObject* parent)
+    : QObject(parent), store(programFolder), ctx{store, clock, dialogs, v}, m_clock(clock),
+      m_dialogs(dialogs), m_desktop(desktop), m_lockFolder(QDir::tempPath())
+{
+}
+
+App::~App()
+{
+    delete startup.data();
+    delete splash.data();
+    delete setup;
+}
+
+QString App::lockFilePath() const
+{
+    // One lock per program folder, named after the folder's path.
+    const QByteArray key = QDir(store.root()).canonicalPath().toUtf8();
+    const QString hash =
+        QString::fromLatin1(QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex().left(16));
+    return m_lockFolder + u'/' + ExecutableBaseName() + u'-' + hash + QStringLiteral(".lock");
+}
+
+bool App::CheckPrevInstance()
+{
+    m_lock = std::make_unique<QLockFile>(lockFilePath());
+    m_lock->setStaleLockTime(0);
+    if (m_lock->tryLock(0))
+        return true;
+    m_lock.reset();
+    m_dialogs.message(ApplicationTitle() + QStringLiteral(" is already Running!\n"
+                                                          "Look for it on the Task Bar"));
+    return false;
+}
+
+bool App::Fatal(const Status& s)
+{
+    if (s)
+        return false;
+    // A damaged or unusable file: told once, and the program ends without the exit
+    // backup, so the good copy in Backup is not overwritten.
+    m_dialogs.message(s.message(), {}, Dialogs::Buttons::Ok, Dialogs::Icon::Critical);
+    m_exited = true;
+    emit finished(1);
+    return true;
+}
+
+bool App::Main()
+{
+    // 1. One instance per program folder; a second one ends before touching anything.
+    if (!CheckPrevInstance()) {
+        m_exited = true;
+        emit finished(1);
+        return false;
+    }
+    // 2. The folder tree.
+    if (Fatal(BuildFolders(ctx)))
+        return false;
+    // 3. Today, the hour labels and the business data.
+    if (Fatal(InitStartupData(ctx)))
+        return false;
+    // 4. The setup screen, hidden, with its load sequence.
+    setup = new frmSetup(ctx);
+    ScreenFrame::attach(setup, ExecutableBaseName(), [this] { closeBox(); });
+    connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
+    if (Fatal(setup->Form_Load(m_detectedModemPort)))
+        return false;
+    // 5. The splash, on screen at once.
+    CreateSplash();
+    splash->show();
+    splash->repaint();
+    // 6. The menu, hidden.
+    CreateStartup();
+    // 7. The rest of the data behind the forms.
+    if (Fatal(LoadAllData()))
+        return false;
+    return true;
+}
+
+Status App::LoadAllData()
+{
+    if (Status s = LoadSettings(ctx); !s)
+        return s;
+    setup->showSettings();
+    if (Status s = LoadAssignments(ctx); !s)
+        return s;
+    if (v.gAssignTo.value(0) != u"empty")
+        setup->assignments->FillAssignmentLists();
+    if (Status s = LoadProblems(ctx); !s)
+        return s;
+    setup->problems->LoadProblems();
+    if (Status s = PendingHooks::PrepareYears(ctx); !s)
+        return s;
+    if (Status s = PendingHooks::PurgeDayFiles(ctx); !s)
+        return s;
+    if (v.settings.ckSlipStyle == 1)
+        if (Status s = LoadCounter(ctx); !s)
+            return s;
+    return {};
+}
+
+void App::CreateSplash()
+{
+    splash = new frmSplash(ctx);
+    ScreenFrame::attach(splash, ExecutableBaseName() + QStringLiteral("Splash"),
+                        [this] { closeBox(); });
+    connect(splash, &frmSplash::showMenu, this, &App::ShowMenu);
+    connect(splash, &frmSplash::showSetup, this, &App::ShowSetup);
+}
+
+void App::CreateStartup()
+{
+    // No working screen has been built yet: every entry stays closed, with a tip.
+    startup = new frmStartup(ctx, PrintEnabled, [](int) { return false; });
+    ScreenFrame::attach(startup, ExecutableBaseName(), [this] { closeBox(); });
+    connect(startup, &frmStartup::createModify, this, &App::ShowSetup);
+    connect(startup, &frmStartup::exitProgram, this, &App::ExitProgram);
+    connect(startup, &frmStartup::openWebPage, this, &App::OpenWebPage);
+}
+
+void App::ShowSetup()
+{
+    if (splash)
+        splash->deleteLater();
+    if (startup)
+        startup->hide();
+    setup->show();
+    setup->raise();
+    setup->activateWindow();
+}
+
+void App::ShowMenu()
+{
+    if (splash)
+        splash->deleteLater();
+    if (!startup)
+        CreateStartup();
+    startup->show();
+    startup->raise();
+    startup->activateWindow();
+}
+
+void App::closeBox() { ExitProgram(); }
+
+void App::ExitProgram()
+{
+    if (m_exited)
+        return;
+    m_exited = true;
+    if (Status s = PendingHooks::BackupOnExit(ctx); !s)
+        m_dialogs.message(s.message());
+    // Every screen goes, the last made first. They are deleted once control has left the
+    // handler that brought us here, which may belong to one of them.
+    for (QWidget* screen : {static_cast<QWidget*>(startup.data()),
+                            static_cast<QWidget*>(splash.data()), static_cast<QWidget*>(setup)}) {
+        if (!screen)
+            continue;
+        screen->hide();
+        screen->deleteLater();
+    }
+    setup = nullptr;
+    m_lock.reset();
+    emit finished(0);
+}
+
+void App::OpenWebPage(const QString& url)
+{
+    Result<QString> shortcut = WriteInternetShortcut(store, url);
+    if (!shortcut) {
+        m_dialogs.message(shortcut.message());
+        return;
+    }
+    m_desktop.openUrl(url);
+}

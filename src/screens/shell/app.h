@@ -1,0 +1,82 @@
+#pragma once
+
+#include "store/corecontext.h"
+#include "store/dispatchingvariables.h"
+#include "store/store.h"
+
+#include <QObject>
+#include <QPointer>
+#include <memory>
+
+class Clock;
+class Desktop;
+class Dialogs;
+class QLockFile;
+class frmSetup;
+class frmSplash;
+class frmStartup;
+
+// The program: it owns the store, the shared state and every screen, runs the start-up
+// sequence and is the one way out. The program folder, the clock, the user's dialogs and
+// the desktop come from outside, so that a test can start the program in a temporary
+// folder on a fixed day with a scripted user.
+class App : public QObject
+{
+    Q_OBJECT
+public:
+    App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
+        QObject* parent = nullptr);
+    ~App() override;
+
+    // The start-up sequence, leaving the splash on screen. False when the program must
+    // end at once: another instance holds the folder (told to the user; nothing touched)
+    // or a data file could not be used (told to the user; no backup is made).
+    bool Main();
+    // The orderly way out: the backup, every screen closed, finished() emitted.
+    void ExitProgram();
+    // Shows a web page in the system's browser by way of Temp.url.
+    void OpenWebPage(const QString& url);
+
+    void ShowSetup();
+    void ShowMenu();
+
+    // The port the modem answered on at start, 0 for none; the modem probe comes with the
+    // telephony screens.
+    void setDetectedModemPort(qint16 port) { m_detectedModemPort = port; }
+    // Where the single-instance lock lives (default: the system's temporary folder), so
+    // the data folder gets no file of its own for it.
+    void setLockFolder(const QString& folder) { m_lockFolder = folder; }
+    QString lockFilePath() const;
+
+    bool exited() const { return m_exited; }
+
+    Store store;
+    DispatchingVariables v;
+    CoreContext ctx;
+    frmSetup* setup = nullptr;
+    QPointer<frmSplash> splash;
+    QPointer<frmStartup> startup;
+    // Printing allowed by the user although the sibling planner program is present; kept
+    // for the whole run while the menu comes and goes.
+    bool PrintEnabled = false;
+
+signals:
+    // The program has ended (0) or must end at once (1); the event loop quits on it.
+    void finished(int code);
+
+private:
+    bool CheckPrevInstance();
+    Status LoadAllData();
+    void CreateSplash();
+    void CreateStartup();
+    bool Fatal(const Status& s);
+    void closeBox();
+
+    const Clock& m_clock;
+    Dialogs& m_dialogs;
+    Desktop& m_desktop;
+    std::unique_ptr<QLockFile> m_lock;
+    QString m_lockFolder;
+    qint16 m_detectedModemPort = 0;
+    bool m_exited = false;
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QWidget>
+
+class QToolButton;
+
+// A pair of arrow buttons, the spin button that moves an entry or steps a value.
+class UpDown : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit UpDown(const QString& name, QWidget* parent = nullptr);
+    QToolButton* up;
+    QToolButton* down;
+
+signals:
+    void upClicked();
+    void downClicked();
+};

@@ -1,0 +1,203 @@
+#include "customers/customerrecords.h"
+#include "programfolder.h"
+#include "shell/menurules.h"
+#include "shell/startup.h"
+
+#include <QtTest>
+
+// A CustomerData.txt record laid down by hand: the account number in the first 20 bytes,
+// the rest blank but for the two 16-bit numbers at the end.
+static QByteArray customerRecord(const QByteArray& account)
+{
+    QByteArray r = account.leftJustified(20, ' ', true);
+    r += QByteArray(326 - 20, ' ');
+    r += QByteArray(2, '\0');
+    Q_ASSERT(r.size() == 328);
+    return r;
+}
+
+class TestStartup : public QObject
+{
+    Q_OBJECT
+private slots:
+    void firstStartMakesTheFolderTree();
+    void auxFoldersComeBack();
+    void auxFoldersOfOddAccounts();
+    void damagedCustomerFileIsReported();
+    void requiredFiles_data();
+    void requiredFiles();
+    void requiredFileComesBackFromBackup();
+    void internetShortcut();
+    void menuRules_data();
+    void menuRules();
+};
+
+void TestStartup::firstStartMakesTheFolderTree()
+{
+    ProgramFolder f;
+    f.clock.setDate(QDate(2027, 1, 5));
+    QVERIFY(BuildFolders(f.ctx).ok());
+    for (const char* folder :
+         {"2027", "TresvaneDispatcher", "TVActiveAccounts", "Backup", "Backup/TVActiveAccounts",
+          "Backup/TVActiveAccountsBACK", "Backup/TresvaneDispatcher", "Templates",
+          "Templates/Contracts", "AuxFiles"})
+        QVERIFY2(f.hasFolder(folder), folder);
+    QCOMPARE(f.snapshot().size(), 0); // folders only, no file
+    // A second start changes nothing.
+    QVERIFY(BuildFolders(f.ctx).ok());
+}
+
+void TestStartup::auxFoldersComeBack()
+{
+    ProgramFolder f;
+    f.put("CustomerData.txt", customerRecord("ACC1") + customerRecord("B-200"));
+    f.put("AuxFiles/ACC1/AuxFile3/Data.txt", "kept");
+    QVERIFY(BuildFolders(f.ctx).ok());
+    for (const char* account : {"ACC1", "B-200"})
+        for (int i = 0; i < 6; ++i)
+            QVERIFY(f.hasFolder(QStringLiteral("AuxFiles/%1/AuxFile%2").arg(account).arg(i)));
+    QCOMPARE(f.get("AuxFiles/ACC1/AuxFile3/Data.txt"), QByteArray("kept"));
+
+    // Lost folders come back, empty, at the next start.
+    QVERIFY(QDir(f.abs("AuxFiles/B-200/AuxFile4")).removeRecursively());
+    QVERIFY(QDir(f.abs("AuxFiles/ACC1")).removeRecursively());
+    QVERIFY(BuildAuxFolders(f.ctx).ok());
+    QVERIFY(f.hasFolder("AuxFiles/B-200/AuxFile4"));
+    QVERIFY(f.hasFolder("AuxFiles/ACC1/AuxFile5"));
+}
+
+void TestStartup::auxFoldersOfOddAccounts()
+{
+    ProgramFolder f;
+    // A folder spelt otherwise on disk is the account's own; a hostile account stays a
+    // name inside AuxFiles; a blank record makes nothing.
+    f.put("AuxFiles/acc7/AuxFile0/Data.txt", "x");
+    f.put("CustomerData.txt",
+          customerRecord("ACC7") + customerRecord("../escape") + customerRecord(""));
+    QVERIFY(BuildFolders(f.ctx).ok());
+    QVERIFY(f.hasFolder("AuxFiles/acc7/AuxFile5"));
+    QVERIFY(!f.hasFolder("AuxFiles/ACC7"));
+    QVERIFY(!QFileInfo::exists(f.abs("escape")));
+    QVERIFY(!f.hasFolder("AuxFiles/AuxFile0"));
+    const QStringList entries = QDir(f.abs("AuxFiles")).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
+    QCOMPARE(entries.size(), 2);
+    QVERIFY(f.hasFolder("AuxFiles/.._escape/AuxFile0"));
+}
+
+void TestStartup::damagedCustomerFileIsReported()
+{
+    ProgramFolder f;
+    // More records than a 16-bit count holds.
+    f.put("CustomerData.txt", QByteArray(328 * 32768, ' '));
+    const Status s = BuildAuxFolders(f.ctx);
+    QVERIFY(!s.ok());
+    QVERIFY2(s.message().contains("CustomerData.txt"), qPrintable(s.message()));
+}
+
+void TestStartup::requiredFiles_data()
+{
+    QTest::addColumn<QStringList>("present");
+    QTest::addColumn<bool>("passes");
+    const QStringList all = {"Assignto.txt", "MyBusinessData.txt", "ProblemCode.txt",
+                             "TresvaneDispatcherSettings.txt"};
+    QTest::newRow("all four") << all << true;
+    for (const QString& missing : all) {
+        QStringList present = all;
+        present.removeOne(missing);
+        QTest::addRow("without %s", qPrintable(missing)) << present << false;
+    }
+    QTest::newRow("other spelling")
+        << QStringList{"ASSIGNTO.TXT", "mybusinessdata.txt", "ProblemCode.txt",
+                       "TresvaneDispatcherSettings.txt"}
+        << true;
+    QTest::newRow("settings of a copy under another name")
+        << QStringList{"Assignto.txt", "MyBusinessData.txt", "ProblemCode.txt",
+                       "OtherNameSettings.txt"}
+        << false;
+}
+
+void TestStartup::requiredFiles()
+{
+    QFETCH(QStringList, present);
+    QFETCH(bool, passes);
+    ProgramFolder f;
+    for (const QString& name : present)
+        f.put(name, "x\r\n");
+    QCOMPARE(AllRequiredFilesExist(f.ctx), passes);
+}
+
+void TestStartup::requiredFileComesBackFromBackup()
+{
+    ProgramFolder f;
+    for (const char* name : {"Assignto.txt", "ProblemCode.txt", "TresvaneDispatcherSettings.txt"})
+        f.put(name, "x\r\n");
+    f.put("Backup/MyBusinessData.txt", "\"Acme\"\r\n");
+    QVERIFY(AllRequiredFilesExist(f.ctx));
+    QCOMPARE(f.get("MyBusinessData.txt"), QByteArray("\"Acme\"\r\n"));
+}
+
+void TestStartup::internetShortcut()
+{
+    ProgramFolder f;
+    Result<QString> path = WriteInternetShortcut(f.store, "https://example.org/a");
+    QVERIFY(path.ok());
+    QCOMPARE(*path, f.abs("Temp.url"));
+    QCOMPARE(f.get("Temp.url"), QByteArray("[InternetShortcut]\r\nURL = https://example.org/a\r\n"));
+}
+
+void TestStartup::menuRules_data()
+{
+    QTest::addColumn<QByteArray>("unscheduled");
+    QTest::addColumn<QByteArray>("slips");
+    QTest::addColumn<QByteArray>("meetings");
+    QTest::addColumn<int>("modemPort");
+    QTest::addColumn<int>("ckPhone");
+    QTest::addColumn<bool>("printAllowed");
+    QTest::addColumn<QList<int>>("closed");
+    const QByteArray record(297, ' ');
+    const QList<int> always = {MenuEntry::StoredSlips, MenuEntry::Reschedule,
+                               MenuEntry::HiddenWorkOrder};
+    QTest::newRow("new installation")
+        << QByteArray() << QByteArray() << QByteArray() << 0 << 0 << true
+        << QList<int>{MenuEntry::PlaceReminderCalls, MenuEntry::UnattendedMonitoring,
+                      MenuEntry::StoredSlips, MenuEntry::Reschedule, MenuEntry::HiddenWorkOrder};
+    QTest::newRow("empty stored slips file keeps entry 8 closed")
+        << QByteArray("") << QByteArray() << QByteArray() << 2 << 1 << true << always;
+    QTest::newRow("one stored slip")
+        << record << QByteArray() << QByteArray() << 2 << 1 << true
+        << QList<int>{MenuEntry::Reschedule, MenuEntry::HiddenWorkOrder};
+    QTest::newRow("a meeting alone opens reschedule")
+        << QByteArray() << QByteArray("") << record << 2 << 1 << true
+        << QList<int>{MenuEntry::StoredSlips, MenuEntry::HiddenWorkOrder};
+    QTest::newRow("printing left to the planner")
+        << QByteArray() << QByteArray() << QByteArray() << 2 << 1 << false
+        << QList<int>{MenuEntry::DailyWorkSchedules, MenuEntry::ServiceInvoices,
+                      MenuEntry::StoredSlips, MenuEntry::Reschedule, MenuEntry::HiddenWorkOrder};
+}
+
+void TestStartup::menuRules()
+{
+    QFETCH(QByteArray, unscheduled);
+    QFETCH(QByteArray, slips);
+    QFETCH(QByteArray, meetings);
+    QFETCH(int, modemPort);
+    QFETCH(int, ckPhone);
+    QFETCH(bool, printAllowed);
+    QFETCH(QList<int>, closed);
+    ProgramFolder f;
+    if (!unscheduled.isNull())
+        f.put("UnscheduledSlips.txt", unscheduled);
+    if (!slips.isNull())
+        f.put("Slips.txt", slips);
+    if (!meetings.isNull())
+        f.put("Meetings.txt", meetings);
+    f.v.gModemPort = qint16(modemPort);
+    f.v.settings.ckPhone = qint16(ckPhone);
+    const MenuState m = MenuActivation(f.ctx, printAllowed);
+    for (int i = 0; i < kMenuEntries; ++i)
+        QVERIFY2(m.enabled[i] == !closed.contains(i), qPrintable(MenuCaption(i)));
+    QCOMPARE(m.plannerNotesVisible, !printAllowed);
+}
+
+QTEST_GUILESS_MAIN(TestStartup)
+#include "test_startup.moc"

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "shell/desktop.h"
+
+#include <QStringList>
+
+// The desktop as a recorder: what would have been opened or copied.
+class RecordingDesktop final : public Desktop
+{
+public:
+    void openUrl(const QString& url) override { opened << url; }
+    void setClipboardText(const QString& text) override { clipboard = text; }
+    QStringList opened;
+    QString clipboard;
+};
