@@ -12,7 +12,7 @@
 #include "setup/assignments.h"
 #include "shell/dialogs.h"
 #include "shell/logo.h"
-#include "shell/pendinghooks.h"
+#include "setup/setupdata.h"
 #include "shell/startup.h"
 #include "store/dispatchingvariables.h"
 #include "store/settingsfiles.h"
@@ -121,8 +121,8 @@ Status frmSetup::Form_Load(qint16 detectedModemPort)
         if (first && !s)
             first = s;
     };
-    PendingHooks::ItemCatalogues catalogues;
-    keep(PendingHooks::LoadItemCatalogues(c, catalogues));
+    SetupData::ItemCatalogues catalogues;
+    keep(SetupData::LoadItemCatalogues(c, catalogues));
     // The Service Order style is open only when a sibling program's catalogue exists.
     operations->setServiceOrderAvailable(catalogues.stockFileExists);
     invoiceItems->setStockItems(catalogues.stockItems);

@@ -2,7 +2,7 @@
 
 #include "shell/dialogs.h"
 #include "shell/keyfilterwiring.h"
-#include "shell/pendinghooks.h"
+#include "setup/setupdata.h"
 #include "shell/updown.h"
 
 #include <QFrame>
@@ -111,12 +111,12 @@ void SetupInvoiceItemsTab::setStockItems(const QList<PriceEntry>& stock)
 Status SetupInvoiceItemsTab::LoadInvoiceItems()
 {
     QList<PriceEntry> items;
-    Status s = PendingHooks::LoadInvoiceItems(c, items);
+    Status s = SetupData::LoadInvoiceItems(c, items);
     setItems(items);
     return s;
 }
 
-Status SetupInvoiceItemsTab::SaveInvoiceItems() { return PendingHooks::SaveInvoiceItems(c, m_items); }
+Status SetupInvoiceItemsTab::SaveInvoiceItems() { return SetupData::SaveInvoiceItems(c, m_items); }
 
 void SetupInvoiceItemsTab::showItems(int selected)
 {

@@ -2,7 +2,7 @@
 
 #include "setup/pricelists.h"
 #include "shell/dialogs.h"
-#include "shell/pendinghooks.h"
+#include "setup/setupdata.h"
 #include "shell/updown.h"
 
 #include <QFileDialog>
@@ -88,17 +88,17 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
 Status SetupLogoTab::LoadLogo()
 {
     QString path;
-    if (Status s = PendingHooks::LoadCompanyLogo(c, path); !s)
+    if (Status s = SetupData::LoadCompanyLogo(c, path); !s)
         return s;
     m_file = QFileInfo::exists(path) ? path : QString();
     showPicture();
-    if (Status s = PendingHooks::LoadLogoSettings(c, m_width, m_height); !s)
+    if (Status s = SetupData::LoadLogoSettings(c, m_width, m_height); !s)
         return s;
     showSize();
     return {};
 }
 
-Status SetupLogoTab::SaveLogoSettings() { return PendingHooks::SaveLogoSettings(c, m_width, m_height); }
+Status SetupLogoTab::SaveLogoSettings() { return SetupData::SaveLogoSettings(c, m_width, m_height); }
 
 void SetupLogoTab::showPicture()
 {
@@ -148,7 +148,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
     case 1:
         if (m_file.isEmpty())
             return;
-        if (Status s = PendingHooks::SaveCompanyLogo(c, m_file); !s) {
+        if (Status s = SetupData::SaveCompanyLogo(c, m_file); !s) {
             c.dialogs.message(s.message());
             return;
         }
@@ -168,7 +168,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
         Image2->clear();
         Image3->clear();
         lblLogoFile->clear();
-        if (Status s = PendingHooks::ClearCompanyLogo(c); !s)
+        if (Status s = SetupData::ClearCompanyLogo(c); !s)
             c.dialogs.message(s.message());
         m_width = kDefaultLogoTwips;
         m_height = kDefaultLogoTwips;

@@ -82,23 +82,23 @@ void SetupPrintTab::setSwatch(QLabel* box, qint32 value)
     box->setToolTip(fromRgbValue(value).name());
 }
 
-void SetupPrintTab::showSettings(const PendingHooks::PrintColorSettings& s)
+void SetupPrintTab::showSettings(const PrintColors& s)
 {
-    m_border = s.border;
-    m_text = s.text;
-    setSwatch(txtBorders, s.border);
-    setSwatch(txtData, s.text);
-    lblFont->setText(s.font);
+    m_border = s.borderColor;
+    m_text = s.textColor;
+    setSwatch(txtBorders, s.borderColor);
+    setSwatch(txtData, s.textColor);
+    lblFont->setText(s.fontName);
     ckColor->setChecked(s.printColor);
     cboCopies->setCurrentText(QString::number(s.copies));
 }
 
-PendingHooks::PrintColorSettings SetupPrintTab::settings() const
+PrintColors SetupPrintTab::settings() const
 {
-    PendingHooks::PrintColorSettings s;
-    s.border = m_border;
-    s.text = m_text;
-    s.font = lblFont->text();
+    PrintColors s;
+    s.borderColor = m_border;
+    s.textColor = m_text;
+    s.fontName = lblFont->text();
     s.printColor = ckColor->isChecked();
     s.copies = quint8(cboCopies->currentText().toInt());
     return s;
@@ -106,30 +106,24 @@ PendingHooks::PrintColorSettings SetupPrintTab::settings() const
 
 Status SetupPrintTab::LoadPrintColors()
 {
-    PendingHooks::PrintColorSettings s;
-    Status st = PendingHooks::LoadPrintColors(c, s);
+    PrintColors s;
+    Status st = SetupData::LoadPrintColors(c, s);
     showSettings(s);
-    c.v.gBorderColor = s.border;
-    c.v.gPrintColor = s.printColor;
-    c.v.gCopies = s.copies;
     c.v.settings.ckColor = s.printColor ? 1 : 0;
-    c.v.settings.txtBorders = QString::number(s.border);
-    c.v.settings.txtData = QString::number(s.text);
-    c.v.settings.lblFont = s.font;
+    c.v.settings.txtBorders = QString::number(s.borderColor);
+    c.v.settings.txtData = QString::number(s.textColor);
+    c.v.settings.lblFont = s.fontName;
     return st;
 }
 
 Status SetupPrintTab::SavePrintColors()
 {
-    const PendingHooks::PrintColorSettings s = settings();
-    c.v.gBorderColor = s.border;
-    c.v.gPrintColor = s.printColor;
-    c.v.gCopies = s.copies;
+    const PrintColors s = settings();
     c.v.settings.ckColor = s.printColor ? 1 : 0;
-    c.v.settings.txtBorders = QString::number(s.border);
-    c.v.settings.txtData = QString::number(s.text);
-    c.v.settings.lblFont = s.font;
-    return PendingHooks::SavePrintColors(c, s);
+    c.v.settings.txtBorders = QString::number(s.borderColor);
+    c.v.settings.txtData = QString::number(s.textColor);
+    c.v.settings.lblFont = s.fontName;
+    return SetupData::SavePrintColors(c, s);
 }
 
 void SetupPrintTab::cmdChange_Click(int index)

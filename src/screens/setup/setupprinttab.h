@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/pendinghooks.h"
+#include "setup/setupdata.h"
 #include "store/corecontext.h"
 
 #include <QWidget>
@@ -31,8 +31,8 @@ public:
     static QColor fromRgbValue(qint32 value);
     static qint32 toRgbValue(const QColor& color);
 
-    void showSettings(const PendingHooks::PrintColorSettings& s);
-    PendingHooks::PrintColorSettings settings() const;
+    void showSettings(const PrintColors& s);
+    PrintColors settings() const;
     // Reads PrintColors.txt (or its defaults) into the controls and the shared state.
     Status LoadPrintColors();
     // Writes the controls to PrintColors.txt; gBorderColor follows the border box.

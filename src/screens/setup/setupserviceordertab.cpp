@@ -61,7 +61,7 @@ SetupServiceOrderTab::SetupServiceOrderTab(CoreContext& ctx, QWidget* parent)
         connect(l, &QListWidget::itemClicked, this, [this, l] { listClicked(l); });
 }
 
-void SetupServiceOrderTab::showCatalogues(const PendingHooks::ItemCatalogues& catalogues)
+void SetupServiceOrderTab::showCatalogues(const SetupData::ItemCatalogues& catalogues)
 {
     m_services = catalogues.services;
     m_items = catalogues.stockItems + catalogues.customItems;
@@ -108,7 +108,7 @@ void SetupServiceOrderTab::cmdServiceOrder_Click(int index)
             c.dialogs.message(QStringLiteral("Select Services and Items"));
             return;
         }
-        if (Status s = PendingHooks::WriteCurrentSelection(c, services, items); !s) {
+        if (Status s = SetupData::WriteCurrentSelection(c, services, items); !s) {
             c.dialogs.message(s.message());
             return;
         }
@@ -123,7 +123,7 @@ void SetupServiceOrderTab::cmdServiceOrder_Click(int index)
     }
     if (!c.dialogs.ask(QStringLiteral("Are you sure?"), QStringLiteral("Confirm Deletion")))
         return;
-    if (Status s = PendingHooks::DeleteCurrentSelection(c); !s)
+    if (Status s = SetupData::DeleteCurrentSelection(c); !s)
         c.dialogs.message(s.message());
     lstCurrentServices->clear();
     lstCurrentItems->clear();

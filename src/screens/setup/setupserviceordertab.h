@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/pendinghooks.h"
+#include "setup/setupdata.h"
 #include "store/corecontext.h"
 
 #include <QWidget>
@@ -26,7 +26,7 @@ public:
     QListWidget* lstCurrentItems;
     std::array<QPushButton*, 2> cmdServiceOrder;
 
-    void showCatalogues(const PendingHooks::ItemCatalogues& catalogues);
+    void showCatalogues(const SetupData::ItemCatalogues& catalogues);
     void listClicked(QListWidget* list);
     void cmdServiceOrder_Click(int index);
 

@@ -2,7 +2,10 @@
 
 #include "frmsplash.h"
 #include "frmstartup.h"
-#include "pendinghooks.h"
+#include "schedule/dayfiles.h"
+#include "setup/setupdata.h"
+#include "store/backup.h"
+#include "store/purge.h"
 #include "screenframe.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
@@ -109,9 +112,9 @@ Status App::LoadAllData()
     if (Status s = LoadProblems(ctx); !s)
         return s;
     setup->problems->LoadProblems();
-    if (Status s = PendingHooks::PrepareYears(ctx); !s)
+    if (Status s = PrepareYears(ctx); !s)
         return s;
-    if (Status s = PendingHooks::PurgeDayFiles(ctx); !s)
+    if (Status s = PurgeDayFiles(ctx); !s)
         return s;
     if (v.settings.ckSlipStyle == 1)
         if (Status s = LoadCounter(ctx); !s)
@@ -167,7 +170,7 @@ void App::ExitProgram()
     if (m_exited)
         return;
     m_exited = true;
-    if (Status s = PendingHooks::BackupOnExit(ctx); !s)
+    if (Status s = SetBackupPaths(ctx); !s)
         m_dialogs.message(s.message());
     // Every screen goes, the last made first. They are deleted once control has left the
     // handler that brought us here, which may belong to one of them.

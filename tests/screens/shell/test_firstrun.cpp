@@ -194,6 +194,10 @@ void TestFirstRun::firstRunFromSplashToMenu()
     QCOMPARE(finished.at(0).at(0).toInt(), 0);
     QVERIFY(app->exited());
     VERIFY_DIALOGS(run.dialogs);
+    // The exit leaves a copy of each data file of the inventory in Backup.
+    for (const char* f : {"Assignto.txt", "MyBusinessData.txt", "ProblemCode.txt",
+                          "TresvaneDispatcherSettings.txt", "Counter.txt"})
+        QVERIFY(run.has(QStringLiteral("Backup/") + f) && run.get(QStringLiteral("Backup/") + f) == run.get(f));
 }
 
 void TestFirstRun::secondInstanceTouchesNothing()
