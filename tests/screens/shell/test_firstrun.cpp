@@ -197,7 +197,7 @@ void TestFirstRun::firstRunFromSplashToMenu()
     // The exit leaves a copy of each data file of the inventory in Backup.
     for (const char* f : {"Assignto.txt", "MyBusinessData.txt", "ProblemCode.txt",
                           "TresvaneDispatcherSettings.txt", "Counter.txt"})
-        QVERIFY(run.has(QStringLiteral("Backup/") + f) && run.get(QStringLiteral("Backup/") + f) == run.get(f));
+        QVERIFY(QFileInfo::exists(run.abs(QStringLiteral("Backup/") + f)) && run.get(QStringLiteral("Backup/") + f) == run.get(f));
 }
 
 void TestFirstRun::secondInstanceTouchesNothing()
