@@ -9,11 +9,11 @@
 #include <cstring>
 
 namespace {
-int sizeOf(const FieldSpec& spec)
+int sizeOf(const FieldSpec& entry)
 {
-    switch (spec.kind) {
+    switch (entry.kind) {
     case FieldKind::Text:
-        return spec.width;
+        return entry.width;
     case FieldKind::Int16:
         return 2;
     case FieldKind::Int32:
@@ -31,9 +31,9 @@ const QDate kOleEpoch(1899, 12, 30);
 RecordLayout::RecordLayout(const char* name, std::initializer_list<FieldSpec> fields)
     : m_name(QString::fromLatin1(name))
 {
-    for (const FieldSpec& spec : fields) {
-        const int width = sizeOf(spec);
-        m_fields.append({QString::fromLatin1(spec.name), spec.kind, m_length, width});
+    for (const FieldSpec& entry : fields) {
+        const int width = sizeOf(entry);
+        m_fields.append({QString::fromLatin1(entry.name), entry.kind, m_length, width});
         m_length += width;
     }
 }
