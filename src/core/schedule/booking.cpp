@@ -10,7 +10,10 @@
 #include "store/settingsfiles.h"
 #include "store/store.h"
 
-QString NoSlotSelected() { return QStringLiteral("No Slot Selected"); }
+QString NoSlotSelected()
+{
+    return QStringLiteral("No Slot Selected");
+}
 
 QDate NextWorkDay(const DispatchingVariables& v, QDate& date)
 {
@@ -30,7 +33,8 @@ QDate OpeningBookingDate(CoreContext& c)
     return NextWorkDay(c.v, date);
 }
 
-namespace {
+namespace
+{
 int currentYear(const CoreContext& c)
 {
     bool ok = false;
@@ -43,17 +47,13 @@ Result<QDate> CalenderChange(CoreContext& c, QDate picked)
 {
     const QDate today = c.clock.today();
     if (!picked.isValid() || picked < today) {
-        if (c.v.gAlarms)
-            c.dialogs.beep();
-        if (c.v.gPrompts)
-            CalendarMessage(c.dialogs);
+        if (c.v.gAlarms) c.dialogs.beep();
+        if (c.v.gPrompts) CalendarMessage(c.dialogs);
         picked = today;
     }
-    if (picked == today)
-        picked = NextBookingDate(c.clock);
+    if (picked == today) picked = NextBookingDate(c.clock);
     if (picked.year() > currentYear(c))
-        if (Status s = PrepareYearFolders(c, QString::number(picked.year())); !s)
-            return s;
+        if (Status s = PrepareYearFolders(c, QString::number(picked.year())); !s) return s;
     NextWorkDay(c.v, picked);
     c.v.gDayOfYear = qint16(picked.dayOfYear());
     return picked;
@@ -64,8 +64,7 @@ Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
     if (!c.dialogs.ask(QStringLiteral("This will Delete the Selected Slip Record"),
                        QStringLiteral("Record Deletion")))
         return false;
-    if (Status s = DeleteUnscheduledSlip(c.store, row); !s)
-        return s;
+    if (Status s = DeleteUnscheduledSlip(c.store, row); !s) return s;
     return true;
 }
 
@@ -85,8 +84,7 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
         // The grid's hours are not written and the number is not taken: the next slip gets
         // the same number.
         FillSlipRecord(v, values);
-        if (Status s = AppendSlip(c, UnscheduledSlipsFileName()); !s)
-            return s;
+        if (Status s = AppendSlip(c, UnscheduledSlipsFileName()); !s) return s;
         c.dialogs.message(QStringLiteral("An Open Slip has been Created\n"
                                          "If you clicked on an hour BEFORE selecting to create\n"
                                          "an unscheduled slip, the hours will be reset (cleared)"));
@@ -97,35 +95,28 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
         c.dialogs.message(QStringLiteral("You have not selected a Time for this Event"),
                           QStringLiteral("Click on a Time"), Dialogs::Buttons::Ok,
                           Dialogs::Icon::Critical);
-        if (v.gAlarms)
-            c.dialogs.beep();
+        if (v.gAlarms) c.dialogs.beep();
         return BookingSaved::NoTimeSelected;
     }
 
-    if (Status s = WriteDayFile(c, screen.calendarDate, v.CurrentTeam); !s)
-        return s;
+    if (Status s = WriteDayFile(c, screen.calendarDate, v.CurrentTeam); !s) return s;
     FillSlipRecord(v, values);
 
     if (v.Mode == 2) {
-        if (Status s = AppendSlip(c, SlipsFileName()); !s)
-            return s;
+        if (Status s = AppendSlip(c, SlipsFileName()); !s) return s;
         c.dialogs.message(QStringLiteral("Service  Attention ") + screen.SlipNumber +
                               QStringLiteral(" has been Scheduled"),
                           QStringLiteral("Confirmation"));
-        if (Status s = AdvanceSlipNumber(c); !s)
-            return s;
-        if (Status s = SaveCounter(c); !s)
-            return s;
+        if (Status s = AdvanceSlipNumber(c); !s) return s;
+        if (Status s = SaveCounter(c); !s) return s;
         if (screen.FromStoredSlip == -1) {
             Result<bool> removed = DeleteSelectedStoredSlip(c, screen.storedSlipRow);
-            if (!removed)
-                return removed.status();
+            if (!removed) return removed.status();
         }
         return BookingSaved::Scheduled;
     }
     if (v.Mode == 7) {
-        if (Status s = AppendSlip(c, MeetingsFileName()); !s)
-            return s;
+        if (Status s = AppendSlip(c, MeetingsFileName()); !s) return s;
         c.dialogs.message(QStringLiteral("Customer Meeting has been Scheduled"),
                           QStringLiteral("Confirmation"));
         return BookingSaved::MeetingScheduled;

@@ -41,11 +41,11 @@ struct BookingScreen {
     QString EventText;              // NoSlotSelected() until an hour was clicked
     QString lblMode = QStringLiteral("Hours");
     QString txtTime = QStringLiteral("1");
-    int currentRow = 1;             // the grid row of the last click
-    QString SlipNumber;             // the confirmation number shown
-    QString cboService;             // the problem text
-    qint16 FromStoredSlip = 0;      // -1: the slip came from UnscheduledSlips.txt
-    qint32 storedSlipRow = 0;       // its row in the stored-slip list (record number)
+    int currentRow = 1;        // the grid row of the last click
+    QString SlipNumber;        // the confirmation number shown
+    QString cboService;        // the problem text
+    qint16 FromStoredSlip = 0; // -1: the slip came from UnscheduledSlips.txt
+    qint32 storedSlipRow = 0;  // its row in the stored-slip list (record number)
 };
 
 // How a save ended. The screen goes back to the menu in every case but NoTimeSelected.

@@ -11,10 +11,11 @@
 
 #include <array>
 
-namespace {
+namespace
+{
 // The hours a contract can name, index i standing for grid row i + 3.
 const std::array<QByteArray, 9> kContractHours = {"08:00", "09:00", "10:00", "11:00", "01:00",
-                                                   "02:00", "03:00", "04:00", "05:00"};
+                                                  "02:00", "03:00", "04:00", "05:00"};
 
 const QString kRepeatCalls = QStringLiteral("Time will be set to 1 Hour\n"
                                             "Reset the Start Time or Hours required\n"
@@ -26,20 +27,13 @@ constexpr qsizetype kMostServices = 255;
 
 int ContractFurtherHours(qint16 quarterHours)
 {
-    if (quarterHours <= 4)
-        return 0;
-    if (quarterHours <= 8)
-        return 1;
-    if (quarterHours <= 12)
-        return 2;
-    if (quarterHours <= 16)
-        return 3;
-    if (quarterHours <= 20)
-        return 5;
-    if (quarterHours <= 24)
-        return 6;
-    if (quarterHours <= 28)
-        return 7;
+    if (quarterHours <= 4) return 0;
+    if (quarterHours <= 8) return 1;
+    if (quarterHours <= 12) return 2;
+    if (quarterHours <= 16) return 3;
+    if (quarterHours <= 20) return 5;
+    if (quarterHours <= 24) return 6;
+    if (quarterHours <= 28) return 7;
     return 0;
 }
 
@@ -53,20 +47,18 @@ void OverlayContractHours(const QByteArray& services, const QString& serviceName
         if (!duration && r.trimmedBytes(ServiceField::ServiceName) == wanted)
             duration = r.int16(ServiceField::ServiceFlag);
     });
-    if (!duration)
-        return;
+    if (!duration) return;
     int further = ContractFurtherHours(*duration);
     if (further + row > 12) {
-        overlay.messages.append({QStringLiteral("Not enough time remaining this day\n") +
-                                     kRepeatCalls,
-                                 QString(), true});
+        overlay.messages.append(
+            {QStringLiteral("Not enough time remaining this day\n") + kRepeatCalls, QString(),
+             true});
         further = 0;
     }
     for (int k = 1; k <= further; ++k) {
         if (overlay.grid[row + k - 1] != NoEventScheduled()) {
             overlay.messages.append(
-                {QStringLiteral("Not enough Slots available for Contract Event\n") +
-                     kRepeatCalls,
+                {QStringLiteral("Not enough Slots available for Contract Event\n") + kRepeatCalls,
                  QString()});
             further = 0;
             break;
@@ -92,8 +84,7 @@ ContractOverlay OverlayContractEvents(const QByteArray& contractInfo,
             return;
         const QByteArrayView hour = r.bytes().sliced(timeOffset, 5);
         for (int i = 0; i < int(kContractHours.size()); ++i) {
-            if (hour != kContractHours[i])
-                continue;
+            if (hour != kContractHours[i]) continue;
             const int row = i + 3;
             if (overlay.grid[row - 1] != NoEventScheduled()) {
                 overlay.messages.append(
@@ -110,8 +101,8 @@ ContractOverlay OverlayContractEvents(const QByteArray& contractInfo,
                 r.text(ContractField::ContractCustomer) + QStringLiteral(" - Contract Event");
             overlay.grid[row - 1] = text;
             if (services)
-                OverlayContractHours(*services, r.text(ContractField::ContractService), row,
-                                     text, overlay);
+                OverlayContractHours(*services, r.text(ContractField::ContractService), row, text,
+                                     overlay);
             return;
         }
     });
@@ -121,17 +112,14 @@ ContractOverlay OverlayContractEvents(const QByteArray& contractInfo,
 Result<ContractOverlay> OverlayContractEvents(CoreContext& c, const GridColumn& grid,
                                               const QDate& date, const QString& teamName)
 {
-    if (!c.store.FileExists(ContractFileName()))
-        return ContractOverlay{grid, {}};
+    if (!c.store.FileExists(ContractFileName())) return ContractOverlay{grid, {}};
     Result<QByteArray> contracts = c.store.ReadAll(ContractFileName());
-    if (!contracts)
-        return contracts.status();
+    if (!contracts) return contracts.status();
     std::optional<QByteArray> services;
     const QString servicesName = QStringLiteral("/Services.txt");
     if (c.store.FileExists(servicesName)) {
         Result<QByteArray> bytes = c.store.ReadAll(servicesName);
-        if (!bytes)
-            return bytes.status();
+        if (!bytes) return bytes.status();
         services = *bytes;
     }
     return OverlayContractEvents(*contracts, services, grid, date, teamName);
@@ -140,8 +128,7 @@ Result<ContractOverlay> OverlayContractEvents(CoreContext& c, const GridColumn& 
 void ShowOverlayMessages(Dialogs& dialogs, const QList<OverlayMessage>& messages)
 {
     for (const OverlayMessage& m : messages) {
-        if (m.beep)
-            dialogs.beep();
+        if (m.beep) dialogs.beep();
         dialogs.message(m.text, m.title);
     }
 }

@@ -15,8 +15,7 @@ QString BookingMonthName(int month)
 Result<TeamMonth> DrawTeamMonth(CoreContext& c, const QDate& calendarDate, const QString& team)
 {
     TeamMonth sheet;
-    if (!calendarDate.isValid())
-        return sheet;
+    if (!calendarDate.isValid()) return sheet;
     const QDate first(calendarDate.year(), calendarDate.month(), 1);
     sheet.txtCurrentDate =
         QString::number(calendarDate.day()) + u' ' + BookingMonthName(calendarDate.month());
@@ -30,22 +29,17 @@ Result<TeamMonth> DrawTeamMonth(CoreContext& c, const QDate& calendarDate, const
                            Store::safeComponent(QStringLiteral("Team#") + team.trimmed()) + u'/';
     for (int d = 1; d <= days; ++d) {
         const QDate day = first.addDays(d - 1);
-        if (day < today)
-            continue;
+        if (day < today) continue;
         const QString name = folder + QString::number(day.dayOfYear()) + QStringLiteral(".txt");
-        if (!c.store.FileExists(name))
-            continue;
+        if (!c.store.FileExists(name)) continue;
         Result<QByteArray> bytes = c.store.ReadAll(name);
-        if (!bytes)
-            return bytes.status();
+        if (!bytes) return bytes.status();
         TextReader reader(*bytes, c.store.describe(name));
         Result<QStringList> fields = reader.readAllStrings();
-        if (!fields)
-            return fields.status();
+        if (!fields) return fields.status();
         int booked = 0;
         for (const QString& field : *fields) {
-            if (field.contains(NoEventScheduled()))
-                continue;
+            if (field.contains(NoEventScheduled())) continue;
             ++booked;
             sheet.Text1[d + w - 2] = QString::number(booked);
             sheet.red[d + w - 2] = true;
@@ -56,8 +50,7 @@ Result<TeamMonth> DrawTeamMonth(CoreContext& c, const QDate& calendarDate, const
 
 QDate MonthBoxDate(const TeamMonth& month, const QDate& calendarDate, int box)
 {
-    if (box < 0 || box >= int(month.Text1.size()) || month.Text1[box].isEmpty())
-        return {};
+    if (box < 0 || box >= int(month.Text1.size()) || month.Text1[box].isEmpty()) return {};
     int firstBox = 0;
     while (month.Text1[firstBox].isEmpty())
         ++firstBox;

@@ -7,7 +7,8 @@
 
 using Answer = Dialogs::Answer;
 
-namespace {
+namespace
+{
 const QByteArray kFree = "\"No Event Scheduled\"\r\n";
 
 // A customer in hand and a counter standing at SA120-1, as after the customer screen.
@@ -101,13 +102,15 @@ void TestBooking::openingDate_data()
     QTest::addColumn<QDate>("expected");
     const QDate fri(2026, 5, 1);
     QTest::newRow("Friday 7:59 pm") << QDateTime(fri, QTime(19, 59)) << 5 << fri;
-    QTest::newRow("Friday 8 pm, five days") << QDateTime(fri, QTime(20, 0)) << 5 << QDate(2026, 5, 4);
-    QTest::newRow("Friday 8 pm, all week") << QDateTime(fri, QTime(20, 0)) << 7 << QDate(2026, 5, 2);
+    QTest::newRow("Friday 8 pm, five days")
+        << QDateTime(fri, QTime(20, 0)) << 5 << QDate(2026, 5, 4);
+    QTest::newRow("Friday 8 pm, all week")
+        << QDateTime(fri, QTime(20, 0)) << 7 << QDate(2026, 5, 2);
     QTest::newRow("Thursday 11 pm") << QDateTime(QDate(2026, 4, 30), QTime(23, 0)) << 5 << fri;
     QTest::newRow("leap year end 8 pm")
         << QDateTime(QDate(2024, 12, 31), QTime(20, 0)) << 7 << QDate(2025, 1, 1);
-    QTest::newRow("Saturday morning") << QDateTime(QDate(2026, 5, 2), QTime(8, 0)) << 5
-                                      << QDate(2026, 5, 4);
+    QTest::newRow("Saturday morning")
+        << QDateTime(QDate(2026, 5, 2), QTime(8, 0)) << 5 << QDate(2026, 5, 4);
 }
 
 void TestBooking::openingDate()

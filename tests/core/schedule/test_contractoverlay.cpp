@@ -6,7 +6,8 @@
 
 #include <QtTest>
 
-namespace {
+namespace
+{
 const QDate kDay(2026, 5, 5);
 
 QByteArray contract(const QString& time, const QString& customer = "Hill Farm",
@@ -43,8 +44,7 @@ QString contractRows(const GridColumn& g)
 {
     QStringList rows;
     for (int i = 0; i < 12; ++i)
-        if (g[i].endsWith(" - Contract Event"))
-            rows << QString::number(i + 1);
+        if (g[i].endsWith(" - Contract Event")) rows << QString::number(i + 1);
     return rows.join(',');
 }
 } // namespace
@@ -65,10 +65,9 @@ void TestContractOverlay::furtherHours_data()
 {
     QTest::addColumn<int>("quarters");
     QTest::addColumn<int>("further");
-    const QList<QPair<int, int>> table = {{-3, 0}, {0, 0},  {4, 0},  {5, 1},  {8, 1},
-                                          {9, 2},  {12, 2}, {13, 3}, {16, 3}, {17, 5},
-                                          {20, 5}, {21, 6}, {24, 6}, {25, 7}, {28, 7},
-                                          {29, 0}, {32767, 0}};
+    const QList<QPair<int, int>> table = {{-3, 0}, {0, 0},  {4, 0},  {5, 1},  {8, 1},    {9, 2},
+                                          {12, 2}, {13, 3}, {16, 3}, {17, 5}, {20, 5},   {21, 6},
+                                          {24, 6}, {25, 7}, {28, 7}, {29, 0}, {32767, 0}};
     for (const auto& [q, h] : table)
         QTest::addRow("%d quarters", q) << q << h;
 }
@@ -90,31 +89,31 @@ void TestContractOverlay::overlay_data()
     QTest::addColumn<int>("beeps");
 
     const QByteArray svc = "Pump check";
-    QTest::newRow("08:00 for three hours") << contract("08:00") << 0 << true << "3,4,5"
-                                           << QStringList() << 0;
-    QTest::newRow("no Services.txt: one hour") << contract("08:00") << 0 << false << "3"
-                                               << QStringList() << 0;
+    QTest::newRow("08:00 for three hours")
+        << contract("08:00") << 0 << true << "3,4,5" << QStringList() << 0;
+    QTest::newRow("no Services.txt: one hour")
+        << contract("08:00") << 0 << false << "3" << QStringList() << 0;
     QTest::newRow("time None") << contract("None") << 0 << true << "" << QStringList() << 0;
-    QTest::newRow("six in the morning has no row") << contract("06:00") << 0 << true << ""
-                                                   << QStringList() << 0;
-    QTest::newRow("first five characters only") << contract("10:00 AM sharp") << 0 << true
-                                                << "5,6,7" << QStringList() << 0;
-    QTest::newRow("other team") << contract("08:00", "Hill Farm", svc, "South") << 0 << true
-                                << "" << QStringList() << 0;
-    QTest::newRow("team compared trimmed") << contract("08:00", "Hill Farm", svc, "  North")
-                                           << 0 << true << "3,4,5" << QStringList() << 0;
+    QTest::newRow("six in the morning has no row")
+        << contract("06:00") << 0 << true << "" << QStringList() << 0;
+    QTest::newRow("first five characters only")
+        << contract("10:00 AM sharp") << 0 << true << "5,6,7" << QStringList() << 0;
+    QTest::newRow("other team") << contract("08:00", "Hill Farm", svc, "South") << 0 << true << ""
+                                << QStringList() << 0;
+    QTest::newRow("team compared trimmed") << contract("08:00", "Hill Farm", svc, "  North") << 0
+                                           << true << "3,4,5" << QStringList() << 0;
     QTest::newRow("other date") << contract("08:00", "Hill Farm", svc, "North",
                                             ToOleDate(kDay.addDays(1)))
                                 << 0 << true << "" << QStringList() << 0;
     QTest::newRow("date with a time is not the date")
-        << contract("08:00", "Hill Farm", svc, "North", ToOleDate(kDay) + 0.25) << 0 << true
-        << "" << QStringList() << 0;
+        << contract("08:00", "Hill Farm", svc, "North", ToOleDate(kDay) + 0.25) << 0 << true << ""
+        << QStringList() << 0;
     QTest::newRow("two at one hour conflict")
         << contract("09:00") + contract("09:00", "Vale Mill") << 0 << true << "4,5,6"
         << QStringList{"A Contract Event is Scheduled for 09:00"} << 0;
-    QTest::newRow("a booking on the hour") << contract("09:00") << 4 << true << ""
-                                           << QStringList{"A Contract Event is Scheduled for 09:00"}
-                                           << 0;
+    QTest::newRow("a booking on the hour")
+        << contract("09:00") << 4 << true << ""
+        << QStringList{"A Contract Event is Scheduled for 09:00"} << 0;
     QTest::newRow("a booking in the further hours")
         << contract("08:00") << 5 << true << "3"
         << QStringList{"Not enough Slots available for Contract Event"} << 0;
@@ -122,8 +121,7 @@ void TestContractOverlay::overlay_data()
         << contract("04:00", "Hill Farm", "Long job") << 0 << true << "10"
         << QStringList{"Not enough time remaining this day"} << 1;
     QTest::newRow("unknown service: one hour")
-        << contract("08:00", "Hill Farm", "Window wash") << 0 << true << "3" << QStringList()
-        << 0;
+        << contract("08:00", "Hill Farm", "Window wash") << 0 << true << "3" << QStringList() << 0;
 }
 
 void TestContractOverlay::overlay()
@@ -138,16 +136,14 @@ void TestContractOverlay::overlay()
     ProgramFolder f;
     f.put("ContractInfo.txt", contracts);
     if (haveServices)
-        f.put("Services.txt", service("Oil change", 4) + service("Pump check", 12) +
-                                  service("Long job", 16));
+        f.put("Services.txt",
+              service("Oil change", 4) + service("Pump check", 12) + service("Long job", 16));
     GridColumn grid = freeDay();
-    if (takenRow)
-        grid[takenRow - 1] = "SA120-1 Ada Byron";
+    if (takenRow) grid[takenRow - 1] = "SA120-1 Ada Byron";
     Result<ContractOverlay> overlay = OverlayContractEvents(f.ctx, grid, kDay, "North");
     QVERIFY(overlay.ok());
     QCOMPARE(contractRows(overlay->grid), rows);
-    if (takenRow)
-        QCOMPARE(overlay->grid[takenRow - 1], QString("SA120-1 Ada Byron"));
+    if (takenRow) QCOMPARE(overlay->grid[takenRow - 1], QString("SA120-1 Ada Byron"));
     if (!rows.isEmpty())
         QCOMPARE(overlay->grid[rows.section(',', 0, 0).toInt() - 1],
                  QString("Hill Farm - Contract Event"));

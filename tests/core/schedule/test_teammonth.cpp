@@ -56,8 +56,8 @@ void TestTeamMonth::bookedHours_data()
         << "3" << true;
     QTest::newRow("blocked day") << QByteArray("Holiday\r\n").repeated(12) << "12" << true;
     QTest::newRow("bare comma counts twice")
-        << QByteArray("Smith, John\r\n") + QByteArray("No Event Scheduled\r\n").repeated(11)
-        << "2" << true;
+        << QByteArray("Smith, John\r\n") + QByteArray("No Event Scheduled\r\n").repeated(11) << "2"
+        << true;
     QTest::newRow("containment, case counting")
         << QByteArray("no event scheduled\r\n") + free.repeated(11) << "1" << true;
 }
@@ -67,7 +67,7 @@ void TestTeamMonth::bookedHours()
     QFETCH(QByteArray, file);
     QFETCH(QString, shown);
     QFETCH(bool, red);
-    ProgramFolder f; // today 30 April 2026
+    ProgramFolder f;                    // today 30 April 2026
     f.put("2026/Team#3/125.txt", file); // 5 May
     f.put("2026/Team#2/126.txt", "\"Other team\"\r\n");
     Result<TeamMonth> m = DrawTeamMonth(f.ctx, QDate(2026, 5, 20), "3");
@@ -81,7 +81,7 @@ void TestTeamMonth::bookedHours()
 
 void TestTeamMonth::daysBeforeTodayStayBlue()
 {
-    ProgramFolder f; // today 30 April 2026
+    ProgramFolder f;                                // today 30 April 2026
     f.put("2026/Team#1/119.txt", "\"Booked\"\r\n"); // 29 April
     f.put("2026/Team#1/120.txt", "\"Booked\"\r\n"); // today
     Result<TeamMonth> m = DrawTeamMonth(f.ctx, QDate(2026, 4, 1), "1");
