@@ -5,7 +5,10 @@
 #include "customers/customerrecords.h"
 #include "schedule/contractoverlay.h"
 #include "schedule/dayfiles.h"
+#include "schedule/sliprecord.h"
 #include "shell/silentdialogs.h"
+#include "sliprecords/recordsearch.h"
+#include "sliprecords/recordsummary.h"
 #include "store/clock.h"
 #include "store/corecontext.h"
 #include "store/dispatchingvariables.h"
@@ -47,14 +50,31 @@ int main(int argc, char* argv[])
     const QString teamName = QString::fromLatin1(busiest.second);
     const QString team = QString::number(std::max<qsizetype>(1, v.gAssignTo.indexOf(teamName)));
 
-    std::fprintf(stderr, "%d contract events on %s for %s\n", most, qPrintable(date.toString(Qt::ISODate)), qPrintable(teamName));
+    std::fprintf(stderr, "%d contract events on %s for %s\n", most,
+                 qPrintable(date.toString(Qt::ISODate)), qPrintable(teamName));
     int shown = 0;
     const double dayChange = MedianMs([&] {
         LoadDay(c, date, team);
-        Result<ContractOverlay> overlay = OverlayContractEvents(c, GridFromDaySlots(v), date,
-                                                                teamName);
+        Result<ContractOverlay> overlay =
+            OverlayContractEvents(c, GridFromDaySlots(v), date, teamName);
         shown += overlay->messages.size();
     });
     Report("day change", dayChange, FloorMs(folder, {"/ContractInfo.txt"}));
+
+    // The record summary of every slip and meeting, built and sorted.
+    qsizetype rows = 0;
+    const double summary = MedianMs([&] { rows = BuildRecordSummary(c)->rows.size(); });
+    Report("summary", summary, FloorMs(folder, {"/Meetings.txt", "/Slips.txt"}));
+
+    // A search by account for the account of the last slip: the whole file is walked.
+    const QByteArray slips = *store.ReadAll("/Slips.txt");
+    const QString account =
+        SlipRecord(QByteArrayView(slips).last(kSlipRecordLength)).text(SlipField::AcctNo);
+    bool found = false;
+    const double search =
+        MedianMs([&] { found = *ReadCallSlip(c, 1, SearchBy::AccountNo, QString(), account); });
+    Report("slip search", search, FloorMs(folder, {"/Slips.txt"}));
+    std::fprintf(stderr, "%lld summary rows; account %s found: %d\n", qint64(rows),
+                 qPrintable(account), int(found));
     return shown < 0;
 }
