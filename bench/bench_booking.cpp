@@ -1,0 +1,80 @@
+// The waits of booking and finding a slip: a change of team or date on the Scheduling
+// Screen with every contract of a full customer file, and the record summary and search.
+#include "benchharness.h"
+
+#include "customers/customerrecords.h"
+#include "schedule/contractoverlay.h"
+#include "schedule/dayfiles.h"
+#include "schedule/sliprecord.h"
+#include "shell/silentdialogs.h"
+#include "sliprecords/recordsearch.h"
+#include "sliprecords/recordsummary.h"
+#include "store/clock.h"
+#include "store/corecontext.h"
+#include "store/dispatchingvariables.h"
+#include "store/record.h"
+#include "store/settingsfiles.h"
+#include "store/store.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <cstdio>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    const QString folder = LimitFolder();
+    Store store(folder);
+    FixedClock clock(QDateTime(QDate(2026, 5, 4), QTime(9, 0)));
+    SilentDialogs dialogs;
+    DispatchingVariables v;
+    CoreContext c{store, clock, dialogs, v};
+    BuildTimeLabels(v);
+    LoadAssignments(c);
+
+    // The busiest contract day of one team: the most events to lay over.
+    QHash<QPair<double, QByteArray>, int> events;
+    const QByteArray contracts = *store.ReadAll("/ContractInfo.txt");
+    ForEachRecord(ContractLayout(), contracts, [&](qsizetype, const RecordView& r) {
+        ++events[{r.real(ContractField::ContractNextDate),
+                  r.trimmedBytes(ContractField::ContractTeam).toByteArray()}];
+    });
+    QPair<double, QByteArray> busiest;
+    int most = 0;
+    for (auto it = events.cbegin(); it != events.cend(); ++it)
+        if (it.value() > most && it.key().second != "None Selected") {
+            most = it.value();
+            busiest = it.key();
+        }
+    const QDate date = FromOleDate(busiest.first).date();
+    const QString teamName = QString::fromLatin1(busiest.second);
+    const QString team = QString::number(std::max<qsizetype>(1, v.gAssignTo.indexOf(teamName)));
+
+    std::fprintf(stderr, "%d contract events on %s for %s\n", most,
+                 qPrintable(date.toString(Qt::ISODate)), qPrintable(teamName));
+    int shown = 0;
+    const double dayChange = MedianMs([&] {
+        LoadDay(c, date, team);
+        Result<ContractOverlay> overlay =
+            OverlayContractEvents(c, GridFromDaySlots(v), date, teamName);
+        shown += overlay->messages.size();
+    });
+    Report("day change", dayChange, FloorMs(folder, {"/ContractInfo.txt"}));
+
+    // The record summary of every slip and meeting, built and sorted.
+    qsizetype rows = 0;
+    const double summary = MedianMs([&] { rows = BuildRecordSummary(c)->rows.size(); });
+    Report("summary", summary, FloorMs(folder, {"/Meetings.txt", "/Slips.txt"}));
+
+    // A search by account for the account of the last slip: the whole file is walked.
+    const QByteArray slips = *store.ReadAll("/Slips.txt");
+    const QString account =
+        SlipRecord(QByteArrayView(slips).last(kSlipRecordLength)).text(SlipField::AcctNo);
+    bool found = false;
+    const double search =
+        MedianMs([&] { found = *ReadCallSlip(c, 1, SearchBy::AccountNo, QString(), account); });
+    Report("slip search", search, FloorMs(folder, {"/Slips.txt"}));
+    std::fprintf(stderr, "%lld summary rows; account %s found: %d\n", qint64(rows),
+                 qPrintable(account), int(found));
+    return shown < 0;
+}

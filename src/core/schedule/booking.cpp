@@ -1,0 +1,125 @@
+#include "booking.h"
+
+#include "schedule/dayfiles.h"
+#include "schedule/slipfiles.h"
+#include "shell/dialogs.h"
+#include "shell/keyfilters.h"
+#include "store/clock.h"
+#include "store/dispatchingvariables.h"
+#include "store/numbering.h"
+#include "store/settingsfiles.h"
+#include "store/store.h"
+
+QString NoSlotSelected()
+{
+    return QStringLiteral("No Slot Selected");
+}
+
+QDate NextWorkDay(const DispatchingVariables& v, QDate& date)
+{
+    date = AdjustWorkDay(date, v.gWorkDays);
+    return date;
+}
+
+QDate NextBookingDate(const Clock& clock)
+{
+    const QDateTime now = clock.now();
+    return now.time().hour() > 19 ? now.date().addDays(1) : now.date();
+}
+
+QDate OpeningBookingDate(CoreContext& c)
+{
+    QDate date = NextBookingDate(c.clock);
+    return NextWorkDay(c.v, date);
+}
+
+namespace
+{
+int currentYear(const CoreContext& c)
+{
+    bool ok = false;
+    const int year = c.v.gYear.trimmed().toInt(&ok);
+    return ok ? year : c.clock.today().year();
+}
+} // namespace
+
+Result<QDate> CalenderChange(CoreContext& c, QDate picked)
+{
+    const QDate today = c.clock.today();
+    if (!picked.isValid() || picked < today) {
+        if (c.v.gAlarms) c.dialogs.beep();
+        if (c.v.gPrompts) CalendarMessage(c.dialogs);
+        picked = today;
+    }
+    if (picked == today) picked = NextBookingDate(c.clock);
+    if (picked.year() > currentYear(c))
+        if (Status s = PrepareYearFolders(c, QString::number(picked.year())); !s) return s;
+    NextWorkDay(c.v, picked);
+    c.v.gDayOfYear = qint16(picked.dayOfYear());
+    return picked;
+}
+
+Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
+{
+    if (!c.dialogs.ask(QStringLiteral("This will Delete the Selected Slip Record"),
+                       QStringLiteral("Record Deletion")))
+        return false;
+    if (Status s = DeleteUnscheduledSlip(c.store, row); !s) return s;
+    return true;
+}
+
+Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
+{
+    DispatchingVariables& v = c.v;
+    SlipScreenValues values;
+    values.currentDate = screen.calendarDate;
+    values.lblMode = screen.lblMode;
+    values.txtTime = screen.txtTime;
+    values.currentRow = screen.currentRow;
+    values.SlipNumber = screen.SlipNumber;
+    values.cboService = screen.cboService;
+    values.EventText = screen.EventText;
+
+    if (screen.ckSaveUnscheduled) {
+        // The grid's hours are not written and the number is not taken: the next slip gets
+        // the same number.
+        FillSlipRecord(v, values);
+        if (Status s = AppendSlip(c, UnscheduledSlipsFileName()); !s) return s;
+        c.dialogs.message(QStringLiteral("An Open Slip has been Created\n"
+                                         "If you clicked on an hour BEFORE selecting to create\n"
+                                         "an unscheduled slip, the hours will be reset (cleared)"));
+        return BookingSaved::StoredUnscheduled;
+    }
+
+    if (screen.EventText == NoSlotSelected()) {
+        c.dialogs.message(QStringLiteral("You have not selected a Time for this Event"),
+                          QStringLiteral("Click on a Time"), Dialogs::Buttons::Ok,
+                          Dialogs::Icon::Critical);
+        if (v.gAlarms) c.dialogs.beep();
+        return BookingSaved::NoTimeSelected;
+    }
+
+    if (Status s = WriteDayFile(c, screen.calendarDate, v.CurrentTeam); !s) return s;
+    FillSlipRecord(v, values);
+
+    if (v.Mode == 2) {
+        if (Status s = AppendSlip(c, SlipsFileName()); !s) return s;
+        c.dialogs.message(QStringLiteral("Service  Attention ") + screen.SlipNumber +
+                              QStringLiteral(" has been Scheduled"),
+                          QStringLiteral("Confirmation"));
+        if (Status s = AdvanceSlipNumber(c); !s) return s;
+        if (Status s = SaveCounter(c); !s) return s;
+        if (screen.FromStoredSlip == -1) {
+            Result<bool> removed = DeleteSelectedStoredSlip(c, screen.storedSlipRow);
+            if (!removed) return removed.status();
+        }
+        return BookingSaved::Scheduled;
+    }
+    if (v.Mode == 7) {
+        if (Status s = AppendSlip(c, MeetingsFileName()); !s) return s;
+        c.dialogs.message(QStringLiteral("Customer Meeting has been Scheduled"),
+                          QStringLiteral("Confirmation"));
+        return BookingSaved::MeetingScheduled;
+    }
+    return BookingSaved::DayWritten;
+}

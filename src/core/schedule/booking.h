@@ -1,0 +1,68 @@
+#pragma once
+
+#include "store/corecontext.h"
+#include "store/result.h"
+
+#include <QDate>
+#include <QString>
+
+class Clock;
+struct DispatchingVariables;
+
+// Booking a slip on the Scheduling Screen: the dates the calendar may stand on, and the
+// save that writes the day and the record and takes the confirmation number.
+
+// The event text while no hour has been clicked.
+QString NoSlotSelected(); // "No Slot Selected"
+
+// Moves a date off the days the work week code (gWorkDays) does not work: in the five-day
+// week a Saturday becomes Monday, a Sunday Monday. The moved date is returned and also
+// left in the argument, as callers of old rely on.
+QDate NextWorkDay(const DispatchingVariables& v, QDate& date);
+
+// The first day a booking can be made for: today, or tomorrow from 8 in the evening on,
+// when no crew goes out any more.
+QDate NextBookingDate(const Clock& clock);
+
+// The date the booking calendar opens on: NextBookingDate moved past the days not worked.
+QDate OpeningBookingDate(CoreContext& c);
+
+// The calendar's change logic for a date the user picked, without the grid: a day before
+// today is refused (beep if alarms, the calendar message if prompts) and becomes today; today
+// becomes NextBookingDate; a later year gets its folders; the date moves past the days not
+// worked. gDayOfYear takes the day of the year of the result, which later decides which
+// past days a delete leaves alone. Returns the date the calendar is to show.
+Result<QDate> CalenderChange(CoreContext& c, QDate picked);
+
+// What cmdSave reads from the Scheduling Screen. The team is CurrentTeam.
+struct BookingScreen {
+    bool ckSaveUnscheduled = false; // store the slip without a time
+    QDate calendarDate;             // the calendar's date
+    QString EventText;              // NoSlotSelected() until an hour was clicked
+    QString lblMode = QStringLiteral("Hours");
+    QString txtTime = QStringLiteral("1");
+    int currentRow = 1;        // the grid row of the last click
+    QString SlipNumber;        // the confirmation number shown
+    QString cboService;        // the problem text
+    qint16 FromStoredSlip = 0; // -1: the slip came from UnscheduledSlips.txt
+    qint32 storedSlipRow = 0;  // its row in the stored-slip list (record number)
+};
+
+// How a save ended. The screen goes back to the menu in every case but NoTimeSelected.
+enum class BookingSaved {
+    StoredUnscheduled, // written to UnscheduledSlips.txt; the number is kept for the next slip
+    NoTimeSelected,    // told the user; nothing written, the screen stays
+    Scheduled,         // a Service Attention in Slips.txt; the number advanced
+    MeetingScheduled,  // a meeting in Meetings.txt; the number unchanged
+    DayWritten,        // any other mode: the day and gSlip only
+};
+
+// cmdSave. The day file is written first and the record after it, and the number is
+// advanced only once the record stands on disk; each message is shown after what it
+// confirms is flushed. DaySlots must be as the last WriteSlots left them. A failure of a
+// file stops the sequence where it is and is returned for the screen to show.
+Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen);
+
+// Deletes the slip of the stored-slip list's row after asking "This will Delete the
+// Selected Slip Record". True when it was deleted. The last record gone removes the file.
+Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row);

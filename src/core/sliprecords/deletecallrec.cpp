@@ -1,0 +1,119 @@
+#include "deletecallrec.h"
+
+#include "schedule/dayfiles.h"
+#include "schedule/slipfiles.h"
+#include "schedule/sliprecord.h"
+#include "sliprecords/recordsummary.h"
+#include "store/clock.h"
+#include "store/cp1252.h"
+#include "store/dispatchingvariables.h"
+#include "store/record.h"
+#include "store/store.h"
+
+QString CompletedSlipsFileName()
+{
+    return QStringLiteral("/CompletedSlips.txt");
+}
+
+namespace
+{
+const QString kTemporary = QStringLiteral("/TemporaryFile.txt");
+
+// A field's bytes as stored, blanks included.
+QByteArrayView field(const RecordView& r, int index)
+{
+    const FieldDef& f = SlipLayout().field(index);
+    return r.bytes().sliced(f.offset, f.width);
+}
+
+int currentYear(const CoreContext& c)
+{
+    bool ok = false;
+    const int year = c.v.gYear.trimmed().toInt(&ok);
+    return ok ? year : c.clock.today().year();
+}
+} // namespace
+
+Status WriteCompletedSlip(CoreContext& c)
+{
+    const QString name = CompletedSlipsFileName();
+    qint64 recordNo = 1;
+    if (c.store.FileExists(name)) {
+        // The length over 297 plus one, rounded as a whole: a short last record of at least
+        // half a record is overwritten, a shorter one is followed.
+        recordNo =
+            Store::roundedRecords(c.store.FileSize(name) + kSlipRecordLength, kSlipRecordLength);
+        if (recordNo > 32767)
+            return Status::failure(QStringLiteral("%1 holds 32,767 records and can take no more.")
+                                       .arg(c.store.describe(name)));
+    }
+    return c.store.WriteRecordAt(name, kSlipRecordLength, recordNo, c.v.gSlip.bytes());
+}
+
+Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 completed)
+{
+    DispatchingVariables& v = c.v;
+    const QString name = SearchFileName(shown.SearchFile);
+    if (name.isEmpty())
+        return Status::failure(QStringLiteral("There is no record file number %1 to delete from.")
+                                   .arg(shown.SearchFile));
+
+    // A temporary file left by a failed delete goes first, wherever it is.
+    if (Status s = c.store.KillIfPresent(QStringLiteral("/Backup") + kTemporary); !s) return s;
+    if (Status s = c.store.KillIfPresent(kTemporary); !s) return s;
+
+    if (Status s = CountSlipRecords(c, name); !s) return s;
+    Result<QByteArray> bytes = c.store.ReadAll(name);
+    if (!bytes) return bytes.status();
+    const qsizetype count = v.gRecordCount;
+    bytes->resize(count * kSlipRecordLength, '\0');
+
+    const QString type = v.gSlip.text(SlipField::RecType);
+    const RecordView mine = v.gSlip.view();
+    QByteArray kept;
+    kept.reserve(bytes->size());
+    Status failed;
+    ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
+        if (!failed) return;
+        bool keep = false;
+        if (type == QLatin1String("Service")) {
+            // Whole fields, blanks and all.
+            keep = field(r, SlipField::ConfirmationNo) != field(mine, SlipField::ConfirmationNo);
+            if (!keep && completed == -1) failed = WriteCompletedSlip(c);
+        } else if (type == QLatin1String("Meeting") || type == QLatin1String("Reoccuring")) {
+            keep = field(r, SlipField::Reference) != field(mine, SlipField::Reference);
+        }
+        if (keep) kept += r.bytes();
+    });
+    if (!failed) return failed;
+
+    // Written beside the live file and renamed over it: until the rename the live file is
+    // whole, and a crash leaves the old one or the new one.
+    if (Status s = c.store.WriteFile(kTemporary, kept); !s) return s;
+    if (Status s = c.store.ReplaceFile(kTemporary, name); !s) return s;
+
+    const QString dateText = v.gSlip.text(SlipField::EventDate);
+    const QDate date = ParseSlipDate(cp1252::encode(dateText));
+    if (!date.isValid())
+        return Status::failure(
+            QStringLiteral("The record was deleted, but its date \"%1\" in %2 could not be read, "
+                           "so its hours were not freed.")
+                .arg(dateText, c.store.describe(name)));
+    // A day gone by keeps its file as it stands.
+    if (date.year() == currentYear(c) && date.dayOfYear() < v.gDayOfYear) return {};
+
+    v.CurrentTeam = v.gSlip.text(SlipField::TeamNo);
+    if (Status s = LoadDay(c, date, v.CurrentTeam); !s) return s;
+    const QString confirmation = v.gSlip.text(SlipField::ConfirmationNo);
+    for (int i = 1; i <= 12; ++i) {
+        QString& slot = v.DaySlots[i];
+        bool free = false;
+        if (shown.EventKind == QLatin1String("Service"))
+            free = slot.contains(confirmation, Qt::CaseInsensitive);
+        else if (shown.EventKind == QLatin1String("Meeting"))
+            free = slot.contains(QLatin1String("Recurring"), Qt::CaseInsensitive) ||
+                   (slot.contains(shown.txtName) && slot.contains(shown.txtTime));
+        if (free) slot = NoEventScheduled();
+    }
+    return WriteDayFile(c, date, v.CurrentTeam);
+}
