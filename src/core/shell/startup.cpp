@@ -12,7 +12,9 @@
 #include <QFileInfo>
 #include <QHash>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -112,16 +114,29 @@ Status BuildAuxFolders(CoreContext& c)
             present.insert(key, component);
             isPlainFile.insert(key, false);
         }
+        // The six sub-folders are looked up relative to the open account folder: one path
+        // walk for the account instead of one for each sub-folder, at every start.
+        const int dirFd = ::open(QFile::encodeName(accountFolder).constData(),
+                                 O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         for (int i = 0; i < kAuxFolderCount; ++i) {
             const QString sub = QStringLiteral("AuxFile") + QString::number(i);
-            if (isDirectory(accountFolder + u'/' + sub))
-                continue;
+            if (dirFd >= 0) {
+                struct stat info;
+                const char name[] = {'A', 'u', 'x', 'F', 'i', 'l', 'e', char('0' + i), '\0'};
+                if (::fstatat(dirFd, name, &info, 0) == 0 && S_ISDIR(info.st_mode))
+                    continue;
+            }
             // Not under its own spelling: the store's case-blind lookup decides.
             const QString relative = kAuxFiles + u'/' + QFileInfo(accountFolder).fileName() +
                                      u'/' + sub;
-            if (Status s = store.EnsureFolder(relative); !s)
+            if (Status s = store.EnsureFolder(relative); !s) {
+                if (dirFd >= 0)
+                    ::close(dirFd);
                 return s;
+            }
         }
+        if (dirFd >= 0)
+            ::close(dirFd);
     }
     return {};
 }
