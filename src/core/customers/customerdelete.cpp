@@ -7,7 +7,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 // Records 1 to last without `skip`, renumbered from 1.
 QByteArray recordsWithout(const QByteArray& bytes, int length, qint32 skip, qint32 last)
@@ -15,15 +16,11 @@ QByteArray recordsWithout(const QByteArray& bytes, int length, qint32 skip, qint
     QByteArray out;
     out.reserve(qsizetype(std::max<qint32>(last - 1, 0)) * length);
     for (qint32 i = 1; i <= last; ++i) {
-        if (i == skip)
-            continue;
+        if (i == skip) continue;
         const qsizetype offset = qsizetype(i - 1) * length;
-        const qsizetype available =
-            std::clamp<qsizetype>(bytes.size() - offset, 0, length);
-        if (available > 0)
-            out.append(bytes.constData() + offset, available);
-        if (available < length)
-            out.append(QByteArray(length - available, '\0'));
+        const qsizetype available = std::clamp<qsizetype>(bytes.size() - offset, 0, length);
+        if (available > 0) out.append(bytes.constData() + offset, available);
+        if (available < length) out.append(QByteArray(length - available, '\0'));
     }
     return out;
 }
@@ -32,7 +29,8 @@ QByteArray recordsWithout(const QByteArray& bytes, int length, qint32 skip, qint
 
 bool ConfirmDeleteCustomer(Dialogs& dialogs)
 {
-    return dialogs.ask(QStringLiteral("Delete this Customer"), QStringLiteral("Delete this Customer"));
+    return dialogs.ask(QStringLiteral("Delete this Customer"),
+                       QStringLiteral("Delete this Customer"));
 }
 
 Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
@@ -46,19 +44,16 @@ Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
                               {ContractFileName(), kContractRecordLength}};
     // Scratch files of earlier rewrites that never finished are cleared first, as always.
     for (const char* scratch : {"/CUSTOMER.TMP", "/Temp.txt"})
-        if (Status s = store.KillIfPresent(QString::fromLatin1(scratch)); !s)
-            return s;
+        if (Status s = store.KillIfPresent(QString::fromLatin1(scratch)); !s) return s;
     for (const Target& t : targets) {
         Result<QByteArray> bytes = store.ReadAll(t.name);
-        if (!bytes)
-            return bytes.status();
+        if (!bytes) return bytes.status();
         const QByteArray kept = recordsWithout(*bytes, t.length, at.gCurrentRec, at.gLastrec);
         // The customer file is replaced as a whole and keeps its copy in Backup; the two
         // parallel files go through TemporaryFile.txt and lose theirs.
         Status s = t.length == kCustomerRecordLength ? store.WriteFile(t.name, kept)
                                                      : store.RewriteThroughTemporary(t.name, kept);
-        if (!s)
-            return s;
+        if (!s) return s;
     }
     return PositionAfterDelete(at);
 }

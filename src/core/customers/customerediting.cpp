@@ -7,15 +7,24 @@
 #include "shell/keyfilters.h"
 #include "store/dispatchingvariables.h"
 
-namespace {
+namespace
+{
 
 const QString kBusiness = QStringLiteral("Business");
 const QString kIndividual = QStringLiteral("Individual");
 
 // The fields of gBusiness the customer screen presets from.
-enum BusinessField { BusinessCity = 3, BusinessState = 4, BusinessPostalCode = 5, BusinessPhone = 6 };
+enum BusinessField {
+    BusinessCity = 3,
+    BusinessState = 4,
+    BusinessPostalCode = 5,
+    BusinessPhone = 6
+};
 
-bool isBusiness(const QString& type) { return type.trimmed() == kBusiness; }
+bool isBusiness(const QString& type)
+{
+    return type.trimmed() == kBusiness;
+}
 
 } // namespace
 
@@ -48,8 +57,7 @@ CustomerBoxes BoxesFromCustomer(const CustomerRecord& r)
 QString CurrentCustomerName(const CustomerRecord& r, const QString& accountType)
 {
     using namespace CustomerField;
-    if (accountType == kBusiness)
-        return r.text(Name);
+    if (accountType == kBusiness) return r.text(Name);
     return JoinName(r.text(Title), r.text(FirstName), r.rawText(MiddleInitial), r.text(LastName));
 }
 
@@ -127,18 +135,14 @@ Result<CustomerCheck> UpdateCustomerRecord(CoreContext& c, CustomerBoxes& boxes,
                                            qint32 gCurrentRec)
 {
     CustomerCheck check = CheckCustomerBoxes(boxes, c.dialogs);
-    if (!check.save)
-        return check;
+    if (!check.save) return check;
     CopyBoxesToCustomer(boxes, usaStyle, c.v.gCustomer);
     // The contract and cycle records go back as they were read (or as defaults for a new
     // account); the buffers then hold defaults until the record is read again.
     Status s = WriteCustomer(c, gCurrentRec);
-    if (s)
-        s = WriteContract(c, gCurrentRec);
-    if (s)
-        s = WriteCycle(c, gCurrentRec);
-    if (!s)
-        return s;
+    if (s) s = WriteContract(c, gCurrentRec);
+    if (s) s = WriteCycle(c, gCurrentRec);
+    if (!s) return s;
     ResetContractDefaults(c);
     return check;
 }
@@ -152,10 +156,9 @@ void SaveCustomer(const CustomerBoxes& b, bool usaStyle, DispatchingVariables& v
     } else {
         // Unlike the composed name of the screen, the initial takes no period here.
         QString name;
-        for (const QString& part : {b.cboTitle, box[CustomerBox::FirstName],
-                                    box[CustomerBox::MiddleInitial]})
-            if (!part.trimmed().isEmpty())
-                name += part.trimmed() + u' ';
+        for (const QString& part :
+             {b.cboTitle, box[CustomerBox::FirstName], box[CustomerBox::MiddleInitial]})
+            if (!part.trimmed().isEmpty()) name += part.trimmed() + u' ';
         if (!box[CustomerBox::LastName].trimmed().isEmpty())
             name += box[CustomerBox::LastName].trimmed();
         v.gCurName = name;
@@ -201,10 +204,9 @@ void SetAccountFromTelephone(CustomerBoxes& b, Dialogs& dialogs)
 
 Result<bool> CheckDuplicateAccount(CoreContext& c, CustomerBoxes& b, CustomerPosition at)
 {
-    Result<bool> exists =
-        AccountNoExists(c.store, b.txtCustomer[CustomerBox::AccountNo], at.gCurrentRec, at.gLastrec);
-    if (!exists || !*exists)
-        return exists;
+    Result<bool> exists = AccountNoExists(c.store, b.txtCustomer[CustomerBox::AccountNo],
+                                          at.gCurrentRec, at.gLastrec);
+    if (!exists || !*exists) return exists;
     c.dialogs.message(QStringLiteral("The Account Number has been duplicated\nEnter a different "
                                      "Number"),
                       QStringLiteral("Duplicate Account Number"));

@@ -16,7 +16,8 @@ struct DispatchingVariables;
 // change a box: the telephone taken as account number, a duplicate number emptied).
 
 // The indexes of the txtCustomer boxes; there is no box 4.
-namespace CustomerBox {
+namespace CustomerBox
+{
 enum : int {
     AccountNo = 0,
     Name = 1, // the business name
@@ -94,8 +95,7 @@ void SetAccountFromTelephone(CustomerBoxes& boxes, Dialogs& dialogs);
 
 // The duplicate test when the Account No box loses the focus: on a duplicate the message,
 // the box emptied, and true (the screen gives the box the focus).
-Result<bool> CheckDuplicateAccount(CoreContext& c, CustomerBoxes& boxes,
-                                   CustomerPosition at);
+Result<bool> CheckDuplicateAccount(CoreContext& c, CustomerBoxes& boxes, CustomerPosition at);
 
 // A new account after a good save: the next record number, gCustomer blanked (last name
 // one apostrophe, RecordMark 1), the boxes cleared to an Individual with the business's
@@ -106,5 +106,4 @@ CustomerPosition BeginNewCustomer(DispatchingVariables& v, CustomerBoxes& boxes,
 // A first run without CustomerData.txt: the boxes preset from the business's city, state,
 // postal code and the first seven characters of its telephone with "-", and the message
 // that the file is empty.
-void PresetEmptyCustomerFile(const DispatchingVariables& v, CustomerBoxes& boxes,
-                             Dialogs& dialogs);
+void PresetEmptyCustomerFile(const DispatchingVariables& v, CustomerBoxes& boxes, Dialogs& dialogs);

@@ -11,12 +11,10 @@
 QString AccountListText(const RecordView& r)
 {
     using namespace CustomerField;
-    if (r.trimmedBytes(AccountType) == "Business")
-        return r.text(Name);
+    if (r.trimmedBytes(AccountType) == "Business") return r.text(Name);
     QString entry = r.text(LastName) + QStringLiteral(", ") + r.text(FirstName);
     const QByteArrayView initial = r.trimmedBytes(MiddleInitial);
-    if (!initial.isEmpty())
-        entry += u' ' + cp1252::decode(initial);
+    if (!initial.isEmpty()) entry += u' ' + cp1252::decode(initial);
     return entry;
 }
 
@@ -39,11 +37,9 @@ AccountListData AccountListFromBytes(const QByteArray& bytes)
 Result<AccountListData> ReadAccountList(Store& store)
 {
     const QString name = CustomerFileName();
-    if (!store.FileExists(name))
-        return AccountListData();
+    if (!store.FileExists(name)) return AccountListData();
     Result<QByteArray> bytes = store.ReadAll(name);
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     if (bytes->size() / kCustomerRecordLength > 32767)
         return Status::failure(
             QStringLiteral("%1 holds more than 32,767 accounts, the most this program can list.")
@@ -54,11 +50,9 @@ Result<AccountListData> ReadAccountList(Store& store)
 Result<bool> AccountNoExists(Store& store, const QString& account, qint32 gCurrentRec,
                              qint32 gLastrec)
 {
-    if (gCurrentRec == 0 || account.isEmpty())
-        return false;
+    if (gCurrentRec == 0 || account.isEmpty()) return false;
     Result<QByteArray> bytes = store.ReadAll(CustomerFileName());
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     const QByteArray wanted = cp1252::encode(account);
     bool found = false;
     ForEachRecord(CustomerLayout(), *bytes, [&](qsizetype n, const RecordView& r) {

@@ -16,8 +16,7 @@ std::optional<qint32> NavigateTo(int button, CustomerPosition at)
     case 4:
     case 5:
     case 6:
-        if (at.gLastrec < 4)
-            return std::nullopt;
+        if (at.gLastrec < 4) return std::nullopt;
         return quarter * (button == 4 ? 1 : button == 6 ? 2 : 3);
     default:
         return std::nullopt;
@@ -29,13 +28,14 @@ CustomerPosition NewCustomerPosition(CustomerPosition at)
     return {at.gLastrec + 1, at.gLastrec + 1};
 }
 
-CustomerPosition CancelNewCustomer(CustomerPosition at) { return {1, at.gLastrec - 1}; }
+CustomerPosition CancelNewCustomer(CustomerPosition at)
+{
+    return {1, at.gLastrec - 1};
+}
 
 CustomerPosition PositionAfterDelete(CustomerPosition at)
 {
-    if (at.gLastrec > 1)
-        --at.gLastrec;
-    if (at.gCurrentRec > at.gLastrec)
-        at.gCurrentRec = at.gLastrec;
+    if (at.gLastrec > 1) --at.gLastrec;
+    if (at.gCurrentRec > at.gLastrec) at.gCurrentRec = at.gLastrec;
     return at;
 }

@@ -37,10 +37,9 @@ inline QByteArray customerBytes(const HandCustomer& c)
 {
     return padded(c.account, 20) + padded(c.name, 45) + padded(c.address1, 35) +
            padded(c.address2, 25) + padded(c.address3, 25) + padded(c.cityShort, 20) +
-           padded(c.state, 2) + padded(c.zip, 10) + padded(c.address4, 25) +
-           padded(c.phone, 13) + padded(c.cell, 13) + padded(c.other, 30) +
-           padded(c.title, 10) + padded(c.first, 15) + padded(c.middle, 1) +
-           padded(c.last, 25) + padded(c.type, 10) + c.mark + c.spare;
+           padded(c.state, 2) + padded(c.zip, 10) + padded(c.address4, 25) + padded(c.phone, 13) +
+           padded(c.cell, 13) + padded(c.other, 30) + padded(c.title, 10) + padded(c.first, 15) +
+           padded(c.middle, 1) + padded(c.last, 25) + padded(c.type, 10) + c.mark + c.spare;
 }
 
 // A record of a companion program: every byte different, high bytes and NULs among them.

@@ -7,7 +7,8 @@
 
 #include <QtTest>
 
-namespace {
+namespace
+{
 
 const QString kCustomers = QStringLiteral("CustomerData.txt");
 const QString kContracts = QStringLiteral("ContractInfo.txt");
@@ -112,7 +113,7 @@ void TestCustomerEditing::newAccountAndCancel()
 {
     ProgramFolder f;
     f.v.gBusiness = {"Tresvane Heating", "1 Shop Rd", "", "Springfield", "IL", "62704",
-                     "217-555-0000", "", ""};
+                     "217-555-0000",     "",          ""};
     f.v.gCustomer = CustomerRecord(customerBytes({.account = "OLD", .last = "Old"}));
     CustomerBoxes b = individual("John", "Smith", "X-1");
     b.cboTitle = QStringLiteral("Mr.");
@@ -164,22 +165,27 @@ void TestCustomerEditing::saveTests_data()
     QTest::addColumn<QString>("account");
 
     const QString blankName = QStringLiteral("The Account Name Cannot be Blank");
-    const QString enterData = QStringLiteral("Enter Account Data or\n Click Cancel AddNew if Visible");
+    const QString enterData =
+        QStringLiteral("Enter Account Data or\n Click Cancel AddNew if Visible");
     const QString blankTel = QStringLiteral("The Telephone Number cannot be blank");
     const QString exitQ = QStringLiteral("Would you like to exit\nwithout creating a Customer?");
     const QString useTel = QStringLiteral("Telephone Number will be used as Acct No.");
     const int ok = int(Answer::Ok);
 
-    QTest::newRow("business without name") << business("", "A-1", "217-555-0100")
-        << QStringList{blankName, ""} << ok << false << false << false << 1 << "A-1";
-    QTest::newRow("business name of blanks") << business("   ", "A-1", "217-555-0100")
-        << QStringList{blankName, ""} << ok << false << false << false << 1 << "A-1";
-    QTest::newRow("individual without last name") << individual("John", " ", "A-1")
-        << QStringList{enterData, ""} << ok << false << false << false << 8 << "A-1";
-    QTest::newRow("individual without first name") << individual("", "Smith", "A-1")
-        << QStringList{enterData, ""} << ok << false << false << false << 8 << "A-1";
-    QTest::newRow("individual needs no Name") << individual("John", "Smith", "A-1")
-        << QStringList{} << ok << true << true << false << -1 << "A-1";
+    QTest::newRow("business without name")
+        << business("", "A-1", "217-555-0100") << QStringList{blankName, ""} << ok << false << false
+        << false << 1 << "A-1";
+    QTest::newRow("business name of blanks")
+        << business("   ", "A-1", "217-555-0100") << QStringList{blankName, ""} << ok << false
+        << false << false << 1 << "A-1";
+    QTest::newRow("individual without last name")
+        << individual("John", " ", "A-1") << QStringList{enterData, ""} << ok << false << false
+        << false << 8 << "A-1";
+    QTest::newRow("individual without first name")
+        << individual("", "Smith", "A-1") << QStringList{enterData, ""} << ok << false << false
+        << false << 8 << "A-1";
+    QTest::newRow("individual needs no Name") << individual("John", "Smith", "A-1") << QStringList{}
+                                              << ok << true << true << false << -1 << "A-1";
     QTest::newRow("no account: the telephone, trimmed")
         << business("Acme", "", " 217-555-0100 ") << QStringList{useTel, "Account not Entered"}
         << ok << true << true << false << -1 << "217-555-0100";
@@ -280,20 +286,39 @@ void TestCustomerEditing::saveWritesTheBoxes_data()
     QTest::addColumn<bool>("usa");
     QTest::addColumn<QByteArray>("expected");
     const QByteArray spare = QByteArray::fromHex("3412");
-    QTest::newRow("USA style")
-        << true
-        << customerBytes({.account = "217-555-0100", .address1 = "12 Elm St", .address2 = "Suite 4",
-                          .address3 = "Springfield", .cityShort = "Springfield", .state = "IL",
-                          .zip = "62704-1234", .address4 = "62704-12345", .phone = "217-555-0100",
-                          .cell = "217-555-0199", .other = "fax", .title = "Mr.", .first = "John",
-                          .middle = "Q", .last = "Public", .spare = spare});
-    QTest::newRow("international style")
-        << false
-        << customerBytes({.account = "217-555-0100", .address1 = "12 Elm St", .address2 = "Suite 4",
-                          .address3 = "Line three", .cityShort = "Springfield", .zip = "62704-1234",
-                          .address4 = "Line four", .phone = "217-555-0100", .cell = "217-555-0199",
-                          .other = "fax", .title = "Mr.", .first = "John", .middle = "Q",
-                          .last = "Public", .spare = spare});
+    QTest::newRow("USA style") << true
+                               << customerBytes({.account = "217-555-0100",
+                                                 .address1 = "12 Elm St",
+                                                 .address2 = "Suite 4",
+                                                 .address3 = "Springfield",
+                                                 .cityShort = "Springfield",
+                                                 .state = "IL",
+                                                 .zip = "62704-1234",
+                                                 .address4 = "62704-12345",
+                                                 .phone = "217-555-0100",
+                                                 .cell = "217-555-0199",
+                                                 .other = "fax",
+                                                 .title = "Mr.",
+                                                 .first = "John",
+                                                 .middle = "Q",
+                                                 .last = "Public",
+                                                 .spare = spare});
+    QTest::newRow("international style") << false
+                                         << customerBytes({.account = "217-555-0100",
+                                                           .address1 = "12 Elm St",
+                                                           .address2 = "Suite 4",
+                                                           .address3 = "Line three",
+                                                           .cityShort = "Springfield",
+                                                           .zip = "62704-1234",
+                                                           .address4 = "Line four",
+                                                           .phone = "217-555-0100",
+                                                           .cell = "217-555-0199",
+                                                           .other = "fax",
+                                                           .title = "Mr.",
+                                                           .first = "John",
+                                                           .middle = "Q",
+                                                           .last = "Public",
+                                                           .spare = spare});
 }
 
 void TestCustomerEditing::saveWritesTheBoxes()
@@ -302,7 +327,8 @@ void TestCustomerEditing::saveWritesTheBoxes()
     QFETCH(QByteArray, expected);
     ProgramFolder f;
     const QByteArray first = customerBytes({.account = "FIRST"});
-    f.put(kCustomers, first + customerBytes({.account = "OLD", .spare = QByteArray::fromHex("3412")}));
+    f.put(kCustomers,
+          first + customerBytes({.account = "OLD", .spare = QByteArray::fromHex("3412")}));
     QVERIFY(ReadCustomer(f.ctx, 2).ok());
 
     CustomerBoxes b = individual(" John ", "Public ", " 217-555-0100");
@@ -354,10 +380,10 @@ void TestCustomerEditing::stoppedSaveWritesNothing()
 void TestCustomerEditing::carriedContractAndCycleSurviveASave()
 {
     ProgramFolder f;
-    const QByteArray contracts = companionBytes(kContractRecordLength, 1) +
-                                 companionBytes(kContractRecordLength, 2);
-    const QByteArray cycles = companionBytes(kCycleRecordLength, 3) +
-                              companionBytes(kCycleRecordLength, 4);
+    const QByteArray contracts =
+        companionBytes(kContractRecordLength, 1) + companionBytes(kContractRecordLength, 2);
+    const QByteArray cycles =
+        companionBytes(kCycleRecordLength, 3) + companionBytes(kCycleRecordLength, 4);
     f.put(kCustomers, customerBytes({.account = "A-1", .first = "Ann", .last = "Lee"}) +
                           customerBytes({.account = "B-2", .first = "Bob", .last = "Ray"}));
     f.put(kContracts, contracts);
@@ -380,9 +406,14 @@ void TestCustomerEditing::carriedContractAndCycleSurviveASave()
 
 void TestCustomerEditing::showCustomerBoxes()
 {
-    const CustomerRecord r(customerBytes({.account = "A-1", .address3 = "Springfield",
-                                          .zip = "", .address4 = "62704", .title = "Ms",
-                                          .first = "Ann", .middle = " ", .last = "Lee",
+    const CustomerRecord r(customerBytes({.account = "A-1",
+                                          .address3 = "Springfield",
+                                          .zip = "",
+                                          .address4 = "62704",
+                                          .title = "Ms",
+                                          .first = "Ann",
+                                          .middle = " ",
+                                          .last = "Lee",
                                           .type = "business"}));
     const CustomerBoxes b = BoxesFromCustomer(r);
     QCOMPARE(b.cboCity, QStringLiteral("Springfield"));
@@ -393,7 +424,8 @@ void TestCustomerEditing::showCustomerBoxes()
     // Only the exact word makes a Business.
     QCOMPARE(b.lbLType, QStringLiteral("Individual"));
     QCOMPARE(CurrentCustomerName(r, b.lbLType), QStringLiteral("Ms Ann Lee"));
-    const CustomerRecord q(customerBytes({.name = "Acme", .first = "Ann", .middle = "Q", .last = "Lee"}));
+    const CustomerRecord q(
+        customerBytes({.name = "Acme", .first = "Ann", .middle = "Q", .last = "Lee"}));
     QCOMPARE(CurrentCustomerName(q, "Individual"), QStringLiteral("Ann Q. Lee"));
     QCOMPARE(CurrentCustomerName(q, "Business"), QStringLiteral("Acme"));
 }
@@ -416,15 +448,20 @@ void TestCustomerEditing::saveCustomerPublishes_data()
     b.cboCity = QStringLiteral(" Springfield ");
     b.cboStates = QStringLiteral(" IL ");
     b.txtAdd4 = QStringLiteral(" Line 4 ");
-    QTest::newRow("business name as it stands") << b << "Business" << true
-        << QStringList{"A-1", " Acme  Co ", "1 Main St", "Apt 2", "IL", "Springfield", "62704", "217-555-0100"};
-    QTest::newRow("individual: initial without period") << b << "Individual" << true
-        << QStringList{"A-1", "Ms Ann Q Lee", "1 Main St", "Apt 2", "IL", "Springfield", "62704", "217-555-0100"};
+    QTest::newRow("business name as it stands")
+        << b << "Business" << true
+        << QStringList{"A-1", " Acme  Co ",  "1 Main St", "Apt 2",
+                       "IL",  "Springfield", "62704",     "217-555-0100"};
+    QTest::newRow("individual: initial without period")
+        << b << "Individual" << true
+        << QStringList{"A-1", "Ms Ann Q Lee", "1 Main St", "Apt 2",
+                       "IL",  "Springfield",  "62704",     "217-555-0100"};
     b.cboTitle.clear();
     b.txtCustomer[CustomerBox::MiddleInitial].clear();
     QTest::newRow("international: no state, zip from line 4 as it stands")
         << b << "Individual" << false
-        << QStringList{"A-1", "Ann Lee", "1 Main St", "Apt 2", "", "Springfield", " Line 4 ", "217-555-0100"};
+        << QStringList{"A-1", "Ann Lee",     "1 Main St", "Apt 2",
+                       "",    "Springfield", " Line 4 ",  "217-555-0100"};
 }
 
 void TestCustomerEditing::saveCustomerPublishes()
@@ -447,8 +484,9 @@ void TestCustomerEditing::emptyFilePresets()
 {
     ProgramFolder f;
     f.v.gBusiness = {"Tresvane Heating", "1 Shop Rd", "", "Springfield", "IL", "62704",
-                     "217-555-0000", "", ""};
-    f.dialogs.expect("Your Customer File is Empty\nCreate your First Customer Now", "Create Customers");
+                     "217-555-0000",     "",          ""};
+    f.dialogs.expect("Your Customer File is Empty\nCreate your First Customer Now",
+                     "Create Customers");
     CustomerBoxes b;
     PresetEmptyCustomerFile(f.v, b, f.dialogs);
     VERIFY_DIALOGS(f.dialogs);

@@ -5,7 +5,8 @@
 
 #include <QtTest>
 
-namespace {
+namespace
+{
 
 const QString kCustomers = QStringLiteral("CustomerData.txt");
 
@@ -13,31 +14,54 @@ const QString kCustomers = QStringLiteral("CustomerData.txt");
 // telephone of 1 and 4 and the cell of 3.
 QByteArray fiveCustomers()
 {
-    HandCustomer acme{.account = "ACME-1", .name = "Acme Heating", .address1 = "123 Main St",
-                      .address3 = "Springfield", .state = "IL", .phone = "217-555-0100",
-                      .cell = "217-555-0199", .type = "Business"};
-    HandCustomer smith{.account = "217-555-0111", .address1 = "45 Oak Ave",
-                       .address3 = "Madison", .state = "FL", .phone = "217-555-0111",
-                       .title = "Mr.", .first = "John", .middle = "Q", .last = "Smith"};
-    HandCustomer doe{.account = "312-555-0122", .address1 = "9 Romaine Ave",
-                     .address3 = "Springfield", .state = "NY", .phone = "312-555-0122",
-                     .cell = "217-555-0100", .first = "Jane", .last = "Doe"};
-    HandCustomer maine{.account = "ME-4", .name = "Maine Lobster", .address1 = "7 Elm St",
-                       .address3 = "Portland", .state = "ME", .phone = "217-555-0100",
-                       .last = "Lobster", .type = "Business"};
-    HandCustomer muller{.account = "M\xfc-5", .address1 = "77 Main Street",
-                        .address3 = "Dayton", .state = "FL", .phone = "937-555-0155",
-                        .title = "Ms", .first = "\xc9lise", .last = "M\xfcller"};
-    return customerBytes(acme) + customerBytes(smith) + customerBytes(doe) +
-           customerBytes(maine) + customerBytes(muller);
+    HandCustomer acme{.account = "ACME-1",
+                      .name = "Acme Heating",
+                      .address1 = "123 Main St",
+                      .address3 = "Springfield",
+                      .state = "IL",
+                      .phone = "217-555-0100",
+                      .cell = "217-555-0199",
+                      .type = "Business"};
+    HandCustomer smith{.account = "217-555-0111",
+                       .address1 = "45 Oak Ave",
+                       .address3 = "Madison",
+                       .state = "FL",
+                       .phone = "217-555-0111",
+                       .title = "Mr.",
+                       .first = "John",
+                       .middle = "Q",
+                       .last = "Smith"};
+    HandCustomer doe{.account = "312-555-0122",
+                     .address1 = "9 Romaine Ave",
+                     .address3 = "Springfield",
+                     .state = "NY",
+                     .phone = "312-555-0122",
+                     .cell = "217-555-0100",
+                     .first = "Jane",
+                     .last = "Doe"};
+    HandCustomer maine{.account = "ME-4",
+                       .name = "Maine Lobster",
+                       .address1 = "7 Elm St",
+                       .address3 = "Portland",
+                       .state = "ME",
+                       .phone = "217-555-0100",
+                       .last = "Lobster",
+                       .type = "Business"};
+    HandCustomer muller{.account = "M\xfc-5",
+                        .address1 = "77 Main Street",
+                        .address3 = "Dayton",
+                        .state = "FL",
+                        .phone = "937-555-0155",
+                        .title = "Ms",
+                        .first = "\xc9lise",
+                        .last = "M\xfcller"};
+    return customerBytes(acme) + customerBytes(smith) + customerBytes(doe) + customerBytes(maine) +
+           customerBytes(muller);
 }
 
-QList<qint32> records(const QList<CustomerHit>& hits)
+QList<qint32> records(const CustomerHits& hits)
 {
-    QList<qint32> r;
-    for (const CustomerHit& h : hits)
-        r << h.record;
-    return r;
+    return hits.records();
 }
 
 } // namespace
@@ -69,7 +93,8 @@ void TestCustomerSearch::searchFindsInRecordOrder_data()
     QTest::addColumn<QList<qint32>>("expected");
 
     const auto all = QList<qint32>{1, 2, 3, 4, 5};
-    QTest::newRow("street MAIN: Main St, Romaine Ave, Main Street") << 1 << "MAIN" << 5 << QList<qint32>{1, 3, 5};
+    QTest::newRow("street MAIN: Main St, Romaine Ave, Main Street")
+        << 1 << "MAIN" << 5 << QList<qint32>{1, 3, 5};
     QTest::newRow("text is compared as given, not folded") << 1 << "main" << 5 << QList<qint32>{};
     QTest::newRow("business name") << 0 << "MAINE" << 5 << QList<qint32>{4};
     QTest::newRow("individuals without Name are not found") << 0 << "A" << 5 << QList<qint32>{1, 4};
@@ -95,22 +120,29 @@ void TestCustomerSearch::searchFindsInRecordOrder()
     QFETCH(QList<qint32>, expected);
     ProgramFolder f;
     f.put(kCustomers, fiveCustomers());
-    Result<QList<CustomerHit>> hits = SearchCustomers(f.store, kind, text, lastRec);
+    Result<CustomerHits> hits = SearchCustomers(f.store, kind, text, lastRec);
     QVERIFY2(hits.ok(), qPrintable(hits.message()));
     QCOMPARE(records(*hits), expected);
 }
 
 void TestCustomerSearch::hitsCarryTheGridColumns()
 {
-    Result<QList<CustomerHit>> hits =
+    Result<CustomerHits> hits =
         SearchCustomerBytes(fiveCustomers(), CustomerSearch::CompleteList, {}, 5);
     QVERIFY(hits.ok());
     QCOMPARE(hits->size(), 5);
-    QCOMPARE(hits->at(0), (CustomerHit{1, "Acme Heating", "217-555-0100", "123 Main St", "Springfield"}));
+    QCOMPARE(hits->at(0),
+             (CustomerHit{1, "Acme Heating", "217-555-0100", "123 Main St", "Springfield"}));
     QCOMPARE(hits->at(1).customer, QStringLiteral("Mr. John Smith"));
     // An empty title leaves its blank in front.
     QCOMPARE(hits->at(2).customer, QStringLiteral(" Jane Doe"));
     QCOMPARE(hits->at(4).customer, QStringLiteral("Ms \u00c9lise M\u00fcller"));
+    // Each cell as the grid takes it, the last column the record number.
+    QCOMPARE(hits->text(1, CustomerHits::Street), QStringLiteral("45 Oak Ave"));
+    QCOMPARE(hits->text(3, CustomerHits::Rec), QStringLiteral("4"));
+    QCOMPARE(hits->text(4, CustomerHits::City), QStringLiteral("Dayton"));
+    QVERIFY(hits->text(5, CustomerHits::Street).isEmpty());
+    QVERIFY(hits->text(0, 5).isEmpty());
 }
 
 void TestCustomerSearch::recordsPastTheEndReadAsZeroBytes()
@@ -118,7 +150,7 @@ void TestCustomerSearch::recordsPastTheEndReadAsZeroBytes()
     // A partial last record (its street is whole) and a count past the end: the scan
     // fills the rest with zero bytes, which match no text, and does not fail.
     const QByteArray bytes = fiveCustomers() + customerBytes({.address1 = "1 Main St"}).left(100);
-    Result<QList<CustomerHit>> hits = SearchCustomerBytes(bytes, 1, "MAIN", 8);
+    Result<CustomerHits> hits = SearchCustomerBytes(bytes, 1, "MAIN", 8);
     QVERIFY(hits.ok());
     QCOMPARE(records(*hits), (QList<qint32>{1, 3, 5, 6}));
     hits = SearchCustomerBytes(bytes, 1, "", 8);
@@ -139,7 +171,7 @@ void TestCustomerSearch::accountNumberSearchIsRefused()
     QFETCH(int, kind);
     ProgramFolder f;
     f.put(kCustomers, fiveCustomers());
-    Result<QList<CustomerHit>> hits = SearchCustomers(f.store, kind, "ACME-1", 5);
+    Result<CustomerHits> hits = SearchCustomers(f.store, kind, "ACME-1", 5);
     QVERIFY(!hits.ok());
     QCOMPARE(hits.message(), NoAccountNumberSearchMessage());
     QVERIFY(hits.message().contains(QStringLiteral("Account Number")));
@@ -149,11 +181,16 @@ void TestCustomerSearch::normalizeSearchText_data()
 {
     QTest::addColumn<QString>("box");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("trimmed and upper") << "  main st " << "MAIN ST";
-    QTest::newRow("accented") << "m\u00fcller \u00e9" << "M\u00dcLLER \u00c9";
-    QTest::newRow("sharp s stays one letter") << "stra\u00dfe" << "STRA\u00dfE";
-    QTest::newRow("high half capitals") << "\u0153\u0161\u017e\u00ff" << "\u0152\u0160\u017d\u0178";
-    QTest::newRow("division sign") << "\u00f7" << "\u00f7";
+    QTest::newRow("trimmed and upper") << "  main st "
+                                       << "MAIN ST";
+    QTest::newRow("accented") << "m\u00fcller \u00e9"
+                              << "M\u00dcLLER \u00c9";
+    QTest::newRow("sharp s stays one letter") << "stra\u00dfe"
+                                              << "STRA\u00dfE";
+    QTest::newRow("high half capitals") << "\u0153\u0161\u017e\u00ff"
+                                        << "\u0152\u0160\u017d\u0178";
+    QTest::newRow("division sign") << "\u00f7"
+                                   << "\u00f7";
 }
 
 void TestCustomerSearch::normalizeSearchText()
@@ -187,8 +224,7 @@ void TestCustomerSearch::accountListInRecordOrder()
                                               {"Maine Lobster", 4},
                                               {"M\u00fcller, \u00c9lise", 5}};
     QCOMPARE(list->accounts, expected);
-    QCOMPARE(list->cities,
-             (QStringList{"Springfield", "Madison", "Portland", "Dayton"}));
+    QCOMPARE(list->cities, (QStringList{"Springfield", "Madison", "Portland", "Dayton"}));
 }
 
 void TestCustomerSearch::accountListWithoutFile()
