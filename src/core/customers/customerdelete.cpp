@@ -1,0 +1,59 @@
+#include "customerdelete.h"
+
+#include "customerfiles.h"
+#include "customerrecords.h"
+#include "shell/dialogs.h"
+#include "store/store.h"
+
+#include <algorithm>
+
+namespace
+{
+
+// Records 1 to last without `skip`, renumbered from 1.
+QByteArray recordsWithout(const QByteArray& bytes, int length, qint32 skip, qint32 last)
+{
+    QByteArray out;
+    out.reserve(qsizetype(std::max<qint32>(last - 1, 0)) * length);
+    for (qint32 i = 1; i <= last; ++i) {
+        if (i == skip) continue;
+        const qsizetype offset = qsizetype(i - 1) * length;
+        const qsizetype available = std::clamp<qsizetype>(bytes.size() - offset, 0, length);
+        if (available > 0) out.append(bytes.constData() + offset, available);
+        if (available < length) out.append(QByteArray(length - available, '\0'));
+    }
+    return out;
+}
+
+} // namespace
+
+bool ConfirmDeleteCustomer(Dialogs& dialogs)
+{
+    return dialogs.ask(QStringLiteral("Delete this Customer"),
+                       QStringLiteral("Delete this Customer"));
+}
+
+Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
+{
+    struct Target {
+        QString name;
+        int length;
+    };
+    const Target targets[] = {{CustomerFileName(), kCustomerRecordLength},
+                              {CycleFileName(), kCycleRecordLength},
+                              {ContractFileName(), kContractRecordLength}};
+    // Scratch files of earlier rewrites that never finished are cleared first, as always.
+    for (const char* scratch : {"/CUSTOMER.TMP", "/Temp.txt"})
+        if (Status s = store.KillIfPresent(QString::fromLatin1(scratch)); !s) return s;
+    for (const Target& t : targets) {
+        Result<QByteArray> bytes = store.ReadAll(t.name);
+        if (!bytes) return bytes.status();
+        const QByteArray kept = recordsWithout(*bytes, t.length, at.gCurrentRec, at.gLastrec);
+        // The customer file is replaced as a whole and keeps its copy in Backup; the two
+        // parallel files go through TemporaryFile.txt and lose theirs.
+        Status s = t.length == kCustomerRecordLength ? store.WriteFile(t.name, kept)
+                                                     : store.RewriteThroughTemporary(t.name, kept);
+        if (!s) return s;
+    }
+    return PositionAfterDelete(at);
+}

@@ -1,0 +1,41 @@
+#include "customernavigation.h"
+
+std::optional<qint32> NavigateTo(int button, CustomerPosition at)
+{
+    const qint32 quarter = at.gLastrec / 4;
+    switch (button) {
+    case 0:
+        return 1;
+    case 1:
+        return at.gCurrentRec > 1 ? at.gCurrentRec - 1 : 1;
+    case 2:
+        // Past the last, also when the count is still 0 after a first save, it wraps.
+        return at.gCurrentRec >= at.gLastrec ? 1 : at.gCurrentRec + 1;
+    case 3:
+        return at.gLastrec;
+    case 4:
+    case 5:
+    case 6:
+        if (at.gLastrec < 4) return std::nullopt;
+        return quarter * (button == 4 ? 1 : button == 6 ? 2 : 3);
+    default:
+        return std::nullopt;
+    }
+}
+
+CustomerPosition NewCustomerPosition(CustomerPosition at)
+{
+    return {at.gLastrec + 1, at.gLastrec + 1};
+}
+
+CustomerPosition CancelNewCustomer(CustomerPosition at)
+{
+    return {1, at.gLastrec - 1};
+}
+
+CustomerPosition PositionAfterDelete(CustomerPosition at)
+{
+    if (at.gLastrec > 1) --at.gLastrec;
+    if (at.gCurrentRec > at.gLastrec) at.gCurrentRec = at.gLastrec;
+    return at;
+}
