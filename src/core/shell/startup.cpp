@@ -9,8 +9,10 @@
 #include "store/textfile.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QHash>
+#include <QScopeGuard>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -80,63 +82,64 @@ Status BuildAuxFolders(CoreContext& c)
     // of each account.
     const QString auxRoot = store.path(kAuxFiles);
     QHash<QString, QString> present;
-    const QFileInfoList entries =
-        QDir(auxRoot).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    // Unsorted: with tens of thousands of accounts a sorted listing costs more than all
+    // the rest of the start.
     QHash<QString, bool> isPlainFile;
-    for (const QFileInfo& e : entries) {
-        present.insert(e.fileName().toLower(), e.fileName());
-        isPlainFile.insert(e.fileName().toLower(), e.isFile());
+    QDirIterator it(auxRoot, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    while (it.hasNext()) {
+        it.next();
+        const QString name = it.fileName();
+        present.insert(name.toLower(), name);
+        isPlainFile.insert(name.toLower(), it.fileInfo().isFile());
     }
 
+    const int auxFd =
+        ::open(QFile::encodeName(auxRoot).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const auto closeAux = qScopeGuard([auxFd] {
+        if (auxFd >= 0)
+            ::close(auxFd);
+    });
     const RecordLayout& layout = CustomerLayout();
     const QByteArray& data = *bytes;
+    // Whole records only: a partial last record has no account number to trust.
     for (int n = 0; n < *count; ++n) {
         const qsizetype offset = qsizetype(n) * kCustomerRecordLength;
-        if (offset >= data.size())
+        if (offset + kCustomerRecordLength > data.size())
             break;
-        const FixedRecord record(layout, QByteArrayView(data).sliced(offset, std::min<qsizetype>(kCustomerRecordLength, data.size() - offset)));
-        const QString account = record.text(CustomerField::AccountNo);
+        const QString account =
+            RecordView(layout, data.constData() + offset).text(CustomerField::AccountNo);
         // A blank account (a record blanked in place) has no folder of its own.
         if (account.isEmpty())
             continue;
         const QString component = Store::safeComponent(account);
         const QString key = component.toLower();
-        QString accountFolder;
+        QString folderName; // as spelt on disk
         if (auto it = present.constFind(key); it != present.constEnd()) {
             // A plain file of that name stands in the way; it is left as it is.
             if (isPlainFile.value(key))
                 continue;
-            accountFolder = auxRoot + u'/' + *it;
+            folderName = *it;
         } else {
-            accountFolder = auxRoot + u'/' + component;
-            if (Status s = makeFolder(store, accountFolder); !s)
+            folderName = component;
+            if (Status s = makeFolder(store, auxRoot + u'/' + folderName); !s)
                 return s;
             present.insert(key, component);
             isPlainFile.insert(key, false);
         }
-        // The six sub-folders are looked up relative to the open account folder: one path
-        // walk for the account instead of one for each sub-folder, at every start.
-        const int dirFd = ::open(QFile::encodeName(accountFolder).constData(),
-                                 O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        // The six sub-folders are looked up relative to the open AuxFiles folder: a short
+        // path walk each, at every start, for every customer.
+        QByteArray rel = QFile::encodeName(folderName) + "/AuxFile0";
         for (int i = 0; i < kAuxFolderCount; ++i) {
-            const QString sub = QStringLiteral("AuxFile") + QString::number(i);
-            if (dirFd >= 0) {
-                struct stat info;
-                const char name[] = {'A', 'u', 'x', 'F', 'i', 'l', 'e', char('0' + i), '\0'};
-                if (::fstatat(dirFd, name, &info, 0) == 0 && S_ISDIR(info.st_mode))
-                    continue;
-            }
-            // Not under its own spelling: the store's case-blind lookup decides.
-            const QString relative = kAuxFiles + u'/' + QFileInfo(accountFolder).fileName() +
-                                     u'/' + sub;
-            if (Status s = store.EnsureFolder(relative); !s) {
-                if (dirFd >= 0)
-                    ::close(dirFd);
+            rel.back() = char('0' + i);
+            struct stat info;
+            if (auxFd >= 0 && ::fstatat(auxFd, rel.constData(), &info, 0) == 0 &&
+                S_ISDIR(info.st_mode))
+                continue;
+            const QString relative = kAuxFiles + u'/' + folderName + QStringLiteral("/AuxFile") +
+                                     QString::number(i);
+            if (Status s = store.EnsureFolder(relative); !s)
                 return s;
-            }
         }
-        if (dirFd >= 0)
-            ::close(dirFd);
     }
     return {};
 }
