@@ -49,11 +49,10 @@ Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
         Result<QByteArray> bytes = store.ReadAll(t.name);
         if (!bytes) return bytes.status();
         const QByteArray kept = recordsWithout(*bytes, t.length, at.gCurrentRec, at.gLastrec);
-        // The customer file is replaced as a whole and keeps its copy in Backup; the two
-        // parallel files go through TemporaryFile.txt and lose theirs.
-        Status s = t.length == kCustomerRecordLength ? store.WriteFile(t.name, kept)
-                                                     : store.RewriteThroughTemporary(t.name, kept);
-        if (!s) return s;
+        // The customer file keeps its copy in Backup; the two parallel files lose theirs.
+        const auto backup = t.length == kCustomerRecordLength ? Store::BackupCopy::Keep
+                                                              : Store::BackupCopy::Remove;
+        if (Status s = store.RewriteThroughTemporary(t.name, kept, backup); !s) return s;
     }
     return PositionAfterDelete(at);
 }

@@ -87,10 +87,9 @@ Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
     });
     if (!failed) return failed;
 
-    // Written beside the live file and renamed over it: until the rename the live file is
-    // whole, and a crash leaves the old one or the new one.
-    if (Status s = c.store.WriteFile(kTemporary, kept); !s) return s;
-    if (Status s = c.store.ReplaceFile(kTemporary, name); !s) return s;
+    // Until the rename the live file is whole; its copy in Backup stays, as it always has.
+    if (Status s = c.store.RewriteThroughTemporary(name, kept, Store::BackupCopy::Keep); !s)
+        return s;
 
     const QString dateText = v.gSlip.text(SlipField::EventDate);
     const QDate date = ParseSlipDate(cp1252::encode(dateText));

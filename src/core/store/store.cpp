@@ -343,7 +343,8 @@ Status Store::RewriteTextFile(const QString& name, const QByteArray& bytes)
     return WriteFile(name, bytes);
 }
 
-Status Store::RewriteThroughTemporary(const QString& target, const QByteArray& bytes)
+Status Store::RewriteThroughTemporary(const QString& target, const QByteArray& bytes,
+                                      BackupCopy backup)
 {
     if (Status s = refuseWhenReadOnly(target); !s)
         return s;
@@ -358,17 +359,10 @@ Status Store::RewriteThroughTemporary(const QString& target, const QByteArray& b
     }
     if (!syncFile(resolve(temporary)))
         return fail(QStringLiteral("Could not write"), temporary);
-    if (Status s = KillIfPresent(QStringLiteral("/Backup/") + target); !s)
-        return s;
+    if (backup == BackupCopy::Remove)
+        if (Status s = KillIfPresent(QStringLiteral("/Backup/") + target); !s)
+            return s;
     return ReplaceFile(temporary, target);
-}
-
-Status Store::AppendToFile(const QString& name, const QByteArray& bytes)
-{
-    Result<QByteArray> old = ReadAll(name);
-    if (!old)
-        return old.status();
-    return WriteFile(name, *old + bytes);
 }
 
 Status Store::WriteRecordAt(const QString& name, int recordLength, qint64 recordNo,

@@ -68,10 +68,11 @@ public:
     // A text file rewritten as the system always has: its copy in Backup goes first.
     Status RewriteTextFile(const QString& name, const QByteArray& bytes);
     // A record file rewritten with the records to keep: written to TemporaryFile.txt,
-    // flushed, and renamed over the target; the target's copy in Backup goes.
-    Status RewriteThroughTemporary(const QString& target, const QByteArray& bytes);
-    // Appends bytes to the end of the file (created when missing), atomically.
-    Status AppendToFile(const QString& name, const QByteArray& bytes);
+    // flushed, and renamed over the target. Most rewrites remove the target's copy in
+    // Backup so it cannot come back; a few have always left it standing.
+    enum class BackupCopy { Remove, Keep };
+    Status RewriteThroughTemporary(const QString& target, const QByteArray& bytes,
+                                   BackupCopy backup = BackupCopy::Remove);
     // Writes one record in place at record number recordNo (from 1), flushed. Writing
     // past the end leaves zero bytes in the gap, as a new file's hole reads.
     Status WriteRecordAt(const QString& name, int recordLength, qint64 recordNo,
