@@ -30,6 +30,8 @@ App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Des
 
 App::~App()
 {
+    for (const QPointer<QWidget>& screen : m_working)
+        delete screen.data();
     delete startup.data();
     delete splash.data();
     delete setup;
@@ -133,12 +135,68 @@ void App::CreateSplash()
 
 void App::CreateStartup()
 {
-    // No working screen has been built yet: every entry stays closed, with a tip.
-    startup = new frmStartup(ctx, PrintEnabled, [](int) { return false; });
+    startup = new frmStartup(ctx, PrintEnabled, [this](int i) { return EntryBuilt(i); });
     ScreenFrame::attach(startup, ExecutableBaseName(), [this] { closeBox(); });
     connect(startup, &frmStartup::createModify, this, &App::ShowSetup);
     connect(startup, &frmStartup::exitProgram, this, &App::ExitProgram);
     connect(startup, &frmStartup::openWebPage, this, &App::OpenWebPage);
+    connect(startup, &frmStartup::entryChosen, this, &App::OpenEntry);
+}
+
+bool App::EntryBuilt(int index) const
+{
+    switch (index) {
+    default:
+        return false;
+    }
+}
+
+void App::OpenEntry(int index)
+{
+    if (!EntryBuilt(index))
+        return;
+    switch (index) {
+    default:
+        break;
+    }
+}
+
+void App::Adopt(QWidget* screen)
+{
+    ScreenFrame::attach(screen, ExecutableBaseName(), [this] { closeBox(); });
+    m_working.append(screen);
+}
+
+void App::LeaveMenu()
+{
+    // The menu is made anew on the way back, so its rules run against fresh data.
+    if (startup) {
+        startup->hide();
+        startup->deleteLater();
+        startup = nullptr;
+    }
+    if (splash)
+        splash->deleteLater();
+}
+
+void App::HideWorkingScreens(QWidget* except)
+{
+    for (const QPointer<QWidget>& screen : m_working)
+        if (screen && screen != except)
+            screen->hide();
+    if (setup && setup != except)
+        setup->hide();
+}
+
+template <class Screen>
+void App::Bring(Screen* screen)
+{
+    HideWorkingScreens(screen);
+    LeaveMenu();
+    screen->show();
+    screen->raise();
+    screen->activateWindow();
+    screen->Form_Activate();
 }
 
 void App::ShowSetup()
@@ -156,6 +214,7 @@ void App::ShowMenu()
 {
     if (splash)
         splash->deleteLater();
+    HideWorkingScreens(nullptr);
     if (!startup)
         CreateStartup();
     startup->show();
@@ -174,14 +233,17 @@ void App::ExitProgram()
         m_dialogs.message(s.message());
     // Every screen goes, the last made first. They are deleted once control has left the
     // handler that brought us here, which may belong to one of them.
-    for (QWidget* screen : {static_cast<QWidget*>(startup.data()),
-                            static_cast<QWidget*>(splash.data()), static_cast<QWidget*>(setup)}) {
+    QList<QWidget*> screens{startup.data(), splash.data(), setup};
+    for (const QPointer<QWidget>& screen : m_working)
+        screens.append(screen.data());
+    for (QWidget* screen : screens) {
         if (!screen)
             continue;
         screen->hide();
         screen->deleteLater();
     }
     setup = nullptr;
+    m_working.clear();
     m_lock.reset();
     emit finished(0);
 }

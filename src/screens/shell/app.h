@@ -5,6 +5,7 @@
 #include "store/store.h"
 
 #include <QObject>
+#include <QList>
 #include <QPointer>
 #include <memory>
 
@@ -40,6 +41,13 @@ public:
     void ShowSetup();
     void ShowMenu();
 
+    // A click on an open menu entry: the entry's screen comes up (made on first use, kept
+    // for the run), the menu is destroyed, Mode becomes index + 1, and the screen's
+    // activation runs, reading Mode.
+    void OpenEntry(int index);
+    // Whether the screen behind a menu entry has been built into the program.
+    bool EntryBuilt(int index) const;
+
     // The port the modem answered on at start, 0 for none; the modem probe comes with the
     // telephony screens.
     void setDetectedModemPort(qint16 port) { m_detectedModemPort = port; }
@@ -65,6 +73,15 @@ signals:
     void finished(int code);
 
 private:
+    // Brings a working screen up: every other working screen hides, the menu goes, the
+    // screen shows and its Form_Activate runs with Mode as it stands.
+    template <class Screen>
+    void Bring(Screen* screen);
+    void LeaveMenu();
+    void HideWorkingScreens(QWidget* except);
+    // Remembers a working screen for hiding and for the way out; it gets the screen frame.
+    void Adopt(QWidget* screen);
+
     bool CheckPrevInstance();
     Status LoadAllData();
     void CreateSplash();
@@ -76,6 +93,7 @@ private:
     Dialogs& m_dialogs;
     Desktop& m_desktop;
     std::unique_ptr<QLockFile> m_lock;
+    QList<QPointer<QWidget>> m_working;
     QString m_lockFolder;
     qint16 m_detectedModemPort = 0;
     bool m_exited = false;
