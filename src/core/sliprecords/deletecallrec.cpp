@@ -15,6 +15,11 @@ QString CompletedSlipsFileName()
     return QStringLiteral("/CompletedSlips.txt");
 }
 
+QString JobCloserFile()
+{
+    return QStringLiteral("/TresvaneJobCloser.exe");
+}
+
 namespace
 {
 const QString kTemporary = QStringLiteral("/TemporaryFile.txt");

@@ -35,3 +35,7 @@ Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
 Status WriteCompletedSlip(CoreContext& c);
 
 QString CompletedSlipsFileName(); // "/CompletedSlips.txt"
+
+// The sibling program that records completed jobs itself: where it stands beside this
+// program, the record screen offers no completion of its own.
+QString JobCloserFile(); // "/TresvaneJobCloser.exe"

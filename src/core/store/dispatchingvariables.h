@@ -116,6 +116,10 @@ struct DispatchingVariables {
     qint32 gNextRecord = 1;
     qint16 gIndex = 0;
     qint16 Mode = 0;
+    // Which option of files the record screen had selected when it handed a slip over for
+    // rescheduling: 0 Service Attentions (a new slip), 1 meetings (a new meeting), -1
+    // neither. The Scheduling Screen reads it when it comes up in Mode 10.
+    qint16 gRescheduleSearchFor = -1;
 
     // The number of teams: the upper bound of gAssignTo.
     int TeamCount() const { return int(gAssignTo.size()) - 1; }

@@ -10,6 +10,7 @@
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
 #include "setup/setupproblemstab.h"
+#include "sliprecords/frmcallrecord.h"
 #include "shell/desktop.h"
 #include "shell/dialogs.h"
 #include "shell/startup.h"
@@ -146,6 +147,8 @@ void App::CreateStartup()
 bool App::EntryBuilt(int index) const
 {
     switch (index) {
+    case MenuEntry::Reschedule:
+        return true;
     default:
         return false;
     }
@@ -156,6 +159,18 @@ void App::OpenEntry(int index)
     if (!EntryBuilt(index))
         return;
     switch (index) {
+    case MenuEntry::Reschedule:
+        if (!callRecord) {
+            callRecord = new frmCallRecord(ctx);
+            Adopt(callRecord);
+            connect(callRecord, &frmCallRecord::showMenu, this, &App::ShowMenu);
+            // The Scheduling Screen takes the slip over in Mode 10:
+            // connect(callRecord, &frmCallRecord::rescheduleChosen, this,
+            //         &App::ShowMainForReschedule);
+        }
+        v.Mode = qint16(index + 1);
+        Bring(callRecord.data());
+        break;
     default:
         break;
     }

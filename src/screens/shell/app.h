@@ -13,6 +13,7 @@ class Clock;
 class Desktop;
 class Dialogs;
 class QLockFile;
+class frmCallRecord;
 class frmSetup;
 class frmSplash;
 class frmStartup;
@@ -64,6 +65,7 @@ public:
     frmSetup* setup = nullptr;
     QPointer<frmSplash> splash;
     QPointer<frmStartup> startup;
+    QPointer<frmCallRecord> callRecord;
     // Printing allowed by the user although the sibling planner program is present; kept
     // for the whole run while the menu comes and goes.
     bool PrintEnabled = false;
