@@ -121,7 +121,8 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     cmdSearch = button(QStringLiteral("&Start Search"), QStringLiteral("cmdSearch"), central);
     cmdContinue = button(QStringLiteral("&Continue"), QStringLiteral("cmdContinue"), central);
     cmdCancel = button(QStringLiteral("&Delete"), QStringLiteral("cmdCancel"), central);
-    cmdReschedule = button(QStringLiteral("&Re-Schedule"), QStringLiteral("cmdReschedule"), central);
+    cmdReschedule =
+        button(QStringLiteral("&Re-Schedule"), QStringLiteral("cmdReschedule"), central);
     cmdCompleted =
         button(QStringLiteral("Slip has been Completed"), QStringLiteral("cmdCompleted"), central);
     cmdExit = button(QStringLiteral("&Menu"), QStringLiteral("cmdExit"), central);
@@ -246,7 +247,10 @@ void frmCallRecord::Form_Activate()
     optSearchby_Click(0);
 }
 
-void frmCallRecord::Form_Deactivate() { cmdSearch->setVisible(false); }
+void frmCallRecord::Form_Deactivate()
+{
+    cmdSearch->setVisible(false);
+}
 
 void frmCallRecord::hideEvent(QHideEvent* event)
 {
@@ -265,8 +269,8 @@ void frmCallRecord::BuildSummary()
     QList<QStringList> rows;
     rows.reserve(summary->rows.size());
     for (const SummaryRow& r : std::as_const(summary->rows))
-        rows.append({r.EventDate, r.kind, r.Name, r.AcctNo, QString::number(r.key),
-                     r.ConfirmationNo});
+        rows.append(
+            {r.EventDate, r.kind, r.Name, r.AcctNo, QString::number(r.key), r.ConfirmationNo});
     fgSummary->setRows(std::move(rows));
 
     // Meetings first, then slips, so that slips win the selection when both have records.
@@ -484,7 +488,10 @@ void frmCallRecord::cmdExit_Click()
     Form_Load();
 }
 
-void frmCallRecord::cmdHide_Click() { fraSummary->setVisible(false); }
+void frmCallRecord::cmdHide_Click()
+{
+    fraSummary->setVisible(false);
+}
 
 void frmCallRecord::mnuView_Click()
 {
