@@ -180,9 +180,13 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     detailLayout->addLayout(customer, 1);
     detailLayout->addLayout(event, 1);
 
-    auto* right = new QVBoxLayout;
-    right->addWidget(fraSummary, 2);
-    right->addWidget(fraDetail, 1);
+    // The summary lies over the record panel: the grid is the list view, hiding it shows
+    // the detail view.
+    auto* right = new QGridLayout;
+    right->addWidget(fraDetail, 0, 0, Qt::AlignTop);
+    right->addWidget(fraSummary, 0, 0);
+    fraSummary->setAutoFillBackground(true);
+    fraSummary->raise();
     auto* layout = new QHBoxLayout(central);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->addLayout(left);
