@@ -1,5 +1,7 @@
 #include "app.h"
 
+#include "customers/frmcustomer.h"
+
 #include "frmsplash.h"
 #include "frmstartup.h"
 #include "schedule/dayfiles.h"
@@ -146,6 +148,11 @@ void App::CreateStartup()
 bool App::EntryBuilt(int index) const
 {
     switch (index) {
+    case 1:  // Create a Service Slip
+    case 6:  // Schedule Customer Meeting
+    case 12: // Create a Service Contract
+    case 13: // Create a Work Order
+        return true;
     default:
         return false;
     }
@@ -156,9 +163,26 @@ void App::OpenEntry(int index)
     if (!EntryBuilt(index))
         return;
     switch (index) {
+    case 1:
+    case 6:
+    case 12:
+    case 13:
+        OpenCustomer(index);
+        break;
     default:
         break;
     }
+}
+
+void App::OpenCustomer(int index)
+{
+    if (!customer) {
+        customer = new frmCustomer(ctx);
+        Adopt(customer);
+        connect(customer, &frmCustomer::showMenu, this, &App::ShowMenu);
+    }
+    v.Mode = qint16(index + 1);
+    Bring(customer);
 }
 
 void App::Adopt(QWidget* screen)

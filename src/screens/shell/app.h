@@ -13,6 +13,7 @@ class Clock;
 class Desktop;
 class Dialogs;
 class QLockFile;
+class frmCustomer;
 class frmSetup;
 class frmSplash;
 class frmStartup;
@@ -62,6 +63,7 @@ public:
     DispatchingVariables v;
     CoreContext ctx;
     frmSetup* setup = nullptr;
+    frmCustomer* customer = nullptr;
     QPointer<frmSplash> splash;
     QPointer<frmStartup> startup;
     // Printing allowed by the user although the sibling planner program is present; kept
@@ -81,6 +83,8 @@ private:
     void HideWorkingScreens(QWidget* except);
     // Remembers a working screen for hiding and for the way out; it gets the screen frame.
     void Adopt(QWidget* screen);
+    // The customer screen, first step of the slip, meeting, contract and work order routines.
+    void OpenCustomer(int index);
 
     bool CheckPrevInstance();
     Status LoadAllData();
