@@ -21,7 +21,9 @@ QString named(const char* name, int i)
 
 } // namespace
 
-CustomerAuxPanel::CustomerAuxPanel(CoreContext& ctx, QWidget* parent) : QFrame(parent), c(ctx)
+CustomerAuxPanel::CustomerAuxPanel(CoreContext& ctx, std::function<QString()> accountNo,
+                                   QWidget* parent)
+    : QFrame(parent), c(ctx), m_accountNo(std::move(accountNo))
 {
     setObjectName(QStringLiteral("fraAux"));
     setFrameShape(QFrame::StyledPanel);
@@ -127,7 +129,7 @@ void CustomerAuxPanel::LoadAuxData()
         return;
     for (QPlainTextEdit* box : txtAux)
         box->clear();
-    Result<AuxTexts> texts = ReadAuxData(c.store, m_account);
+    Result<AuxTexts> texts = ReadAuxData(c.store, account());
     if (!texts) {
         report(texts.status());
         return;
@@ -142,7 +144,7 @@ void CustomerAuxPanel::SaveAuxData()
     AuxTexts texts;
     for (int n = 0; n < 6; ++n)
         texts[n] = txtAux[n]->toPlainText();
-    report(WriteAuxData(c.store, m_account, texts));
+    report(WriteAuxData(c.store, account(), texts));
 }
 
 void CustomerAuxPanel::cmdSaveAux_Click(int index)
@@ -192,7 +194,7 @@ void CustomerAuxPanel::txtAux_DblClick(int n)
     fraBig->show();
     lblEditing->setText(QStringLiteral("Editing Data Box # %1 - %2 - for %3")
                             .arg(n + 1)
-                            .arg(txtHeading[n]->text(), m_account));
+                            .arg(txtHeading[n]->text(), account()));
 }
 
 bool CustomerAuxPanel::eventFilter(QObject* watched, QEvent* event)

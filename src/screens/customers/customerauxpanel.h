@@ -5,6 +5,7 @@
 
 #include <QFrame>
 #include <array>
+#include <functional>
 
 class QCheckBox;
 class QLabel;
@@ -20,7 +21,9 @@ class CustomerAuxPanel : public QFrame
 {
     Q_OBJECT
 public:
-    explicit CustomerAuxPanel(CoreContext& ctx, QWidget* parent = nullptr);
+    // accountNo gives the account the texts belong to: the Account No box as it stands.
+    CustomerAuxPanel(CoreContext& ctx, std::function<QString()> accountNo,
+                     QWidget* parent = nullptr);
 
     std::array<QLineEdit*, 6> txtHeading{};
     std::array<QPlainTextEdit*, 6> txtAux{};
@@ -37,8 +40,7 @@ public:
     qint16 AuxBox = 0;
 
     // The account whose texts the boxes hold: the trimmed Account No box.
-    void setAccount(const QString& account) { m_account = account; }
-    QString account() const { return m_account; }
+    QString account() const { return m_accountNo().trimmed(); }
 
     void LoadAuxHeadings();
     // The boxes from the account's files, unless ckSaveAux keeps them for this account.
@@ -59,5 +61,5 @@ private:
     void report(const Status& s);
 
     CoreContext& c;
-    QString m_account;
+    std::function<QString()> m_accountNo;
 };

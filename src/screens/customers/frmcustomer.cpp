@@ -174,7 +174,8 @@ void frmCustomer::buildButtons()
     mnuDelete = action(QStringLiteral("DELETE This customer"), QStringLiteral("mnuDelete"));
 
     search = new CustomerSearchPanel(c, this);
-    aux = new CustomerAuxPanel(c, this);
+    aux = new CustomerAuxPanel(
+        c, [this] { return txtCustomer[CustomerBox::AccountNo]->text(); }, this);
     aux->setVisible(false);
 }
 
@@ -389,7 +390,6 @@ void frmCustomer::ShowCustomer()
     SetAccountType(c.v.gCustomer.text(CustomerField::AccountType));
     if (!txtCustomer[CustomerBox::Name]->text().isEmpty())
         txtCustomer[CustomerBox::AccountNo]->setFocus();
-    aux->setAccount(txtCustomer[CustomerBox::AccountNo]->text().trimmed());
     aux->LoadAuxData();
     if (!report(ReadContract(c, at.gCurrentRec)))
         report(ReadCycle(c, at.gCurrentRec));
