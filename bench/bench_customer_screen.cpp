@@ -17,7 +17,8 @@
 #include <QPushButton>
 #include <cstdio>
 
-namespace {
+namespace
+{
 
 void typeKey(QLineEdit* edit, Qt::Key key, const QString& text)
 {
@@ -31,8 +32,7 @@ void typeKey(QLineEdit* edit, Qt::Key key, const QString& text)
 
 int main(int argc, char* argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication qapp(argc, argv);
     const QString folder = LimitFolder();
     Store store(folder);
@@ -55,17 +55,20 @@ int main(int argc, char* argv[])
     // The name list open, a few keys typed: each completes from the list of every account.
     w.Command1[1]->click();
     QLineEdit* edit = w.cboAccounts->lineEdit();
-    const QList<std::pair<Qt::Key, QString>> keys = {
-        {Qt::Key_S, "s"}, {Qt::Key_M, "m"}, {Qt::Key_I, "i"}, {Qt::Key_Backspace, ""},
-        {Qt::Key_T, "t"}};
+    const QList<std::pair<Qt::Key, QString>> keys = {{Qt::Key_S, "s"},
+                                                     {Qt::Key_M, "m"},
+                                                     {Qt::Key_I, "i"},
+                                                     {Qt::Key_Backspace, ""},
+                                                     {Qt::Key_T, "t"}};
     qsizetype typed = 0;
     const double perKey = MedianMs([&] {
-        edit->clear();
-        for (const auto& [key, text] : keys)
-            typeKey(edit, key, text);
-        QApplication::processEvents();
-        typed = edit->text().size();
-    }) / keys.size();
+                              edit->clear();
+                              for (const auto& [key, text] : keys)
+                                  typeKey(edit, key, text);
+                              QApplication::processEvents();
+                              typed = edit->text().size();
+                          }) /
+                          keys.size();
     Report("account type-ahead", perKey, floor);
 
     std::fprintf(stderr, "%d accounts in the name list, %d cities, last text %lld characters\n",

@@ -24,22 +24,19 @@ AccountIndex::AccountIndex(QList<AccountListEntry> entries)
 
 qsizetype AccountIndex::FirstStartingWith(const QString& typed) const
 {
-    if (typed.isEmpty())
-        return -1;
+    if (typed.isEmpty()) return -1;
     // In case-folded order the entries that begin with a text stand together, from the
     // first one not below the text itself.
     const QString key = typed.toCaseFolded();
     const auto it = std::lower_bound(m_keys.cbegin(), m_keys.cend(), key);
-    if (it == m_keys.cend() || !it->startsWith(key))
-        return -1;
+    if (it == m_keys.cend() || !it->startsWith(key)) return -1;
     return it - m_keys.cbegin();
 }
 
 QString AccountIndex::Completion(const QString& typed) const
 {
     const qsizetype i = FirstStartingWith(typed);
-    if (i < 0 || m_entries[i].text.size() <= typed.size())
-        return {};
+    if (i < 0 || m_entries[i].text.size() <= typed.size()) return {};
     return m_entries[i].text.mid(typed.size());
 }
 

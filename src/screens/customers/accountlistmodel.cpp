@@ -14,8 +14,7 @@ int AccountListModel::rowCount(const QModelIndex& parent) const
 
 QVariant AccountListModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_index.size())
-        return {};
+    if (!index.isValid() || index.row() >= m_index.size()) return {};
     const AccountListEntry& e = m_index.at(index.row());
     switch (role) {
     case Qt::DisplayRole:

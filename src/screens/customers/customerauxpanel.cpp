@@ -12,7 +12,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace
+{
 
 QString named(const char* name, int i)
 {
@@ -58,14 +59,11 @@ CustomerAuxPanel::CustomerAuxPanel(CoreContext& ctx, std::function<QString()> ac
     ckSaveAux = new QCheckBox(QStringLiteral("RETAIN Aux Data between Accounts"), this);
     ckSaveAux->setObjectName(QStringLiteral("ckSaveAux"));
 
-    const std::array<const char*, 9> captions = {"Save &Headings", nullptr,
-                                                 "&Close Window",  "&Reload This Acct",
-                                                 "Hi&de",          "Clear",
-                                                 "Oops, Reload",   "&Show Next Account",
-                                                 "Show &Previous Account"};
+    const std::array<const char*, 9> captions = {
+        "Save &Headings", nullptr,        "&Close Window",      "&Reload This Acct",     "Hi&de",
+        "Clear",          "Oops, Reload", "&Show Next Account", "Show &Previous Account"};
     for (int i = 0; i < 9; ++i) {
-        if (!captions[i])
-            continue;
+        if (!captions[i]) continue;
         cmdSaveAux[i] = new QPushButton(QString::fromLatin1(captions[i]), this);
         cmdSaveAux[i]->setObjectName(named("cmdSaveAux", i));
         connect(cmdSaveAux[i], &QPushButton::clicked, this, [this, i] { cmdSaveAux_Click(i); });
@@ -105,8 +103,7 @@ CustomerAuxPanel::CustomerAuxPanel(CoreContext& ctx, std::function<QString()> ac
 
 void CustomerAuxPanel::report(const Status& s)
 {
-    if (!s)
-        c.dialogs.message(s.message());
+    if (!s) c.dialogs.message(s.message());
 }
 
 void CustomerAuxPanel::LoadAuxHeadings()
@@ -116,8 +113,7 @@ void CustomerAuxPanel::LoadAuxHeadings()
         report(headings.status());
         return;
     }
-    if (!*headings)
-        return;
+    if (!*headings) return;
     for (int n = 0; n < 6; ++n)
         txtHeading[n]->setText((**headings)[n]);
 }
@@ -125,8 +121,7 @@ void CustomerAuxPanel::LoadAuxHeadings()
 void CustomerAuxPanel::LoadAuxData()
 {
     // Retained texts travel to the next account and are stored under it at its next save.
-    if (ckSaveAux->isChecked())
-        return;
+    if (ckSaveAux->isChecked()) return;
     for (QPlainTextEdit* box : txtAux)
         box->clear();
     Result<AuxTexts> texts = ReadAuxData(c.store, account());
@@ -136,7 +131,8 @@ void CustomerAuxPanel::LoadAuxData()
     }
     // The files hold CR LF; the editor keeps plain line feeds, which the write turns back.
     for (int n = 0; n < 6; ++n)
-        txtAux[n]->setPlainText(QString((*texts)[n]).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+        txtAux[n]->setPlainText(
+            QString((*texts)[n]).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
 }
 
 void CustomerAuxPanel::SaveAuxData()

@@ -21,9 +21,9 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
     fraSearch = new QGroupBox(QStringLiteral("Search for Customers"), this);
     fraSearch->setObjectName(QStringLiteral("fraSearch"));
     const std::array<const char*, 9> kinds = {
-        "by Business Name", "by Address #1",  "by Address #2",
-        "by City or Addr #3)", "by State",    "by Zip Code (or Addr #4)",
-        "by Telephone Number", "by Last Name", "by Account Number"};
+        "by Business Name",    "by Address #1", "by Address #2",
+        "by City or Addr #3)", "by State",      "by Zip Code (or Addr #4)",
+        "by Telephone Number", "by Last Name",  "by Account Number"};
     auto* options = new QGridLayout;
     for (int i = 0; i < 9; ++i) {
         optSearch[i] = new QRadioButton(QString::fromLatin1(kinds[i]), fraSearch);
@@ -186,8 +186,7 @@ void CustomerSearchPanel::pickRow(int row)
 {
     bool ok = false;
     const qint32 record = fgCustomersFound->textMatrix(row, CustomerHits::Rec).toInt(&ok);
-    if (!ok)
-        return;
+    if (!ok) return;
     emit accountChosen(record);
     fraCustomersFound->hide();
     emit listClosed();
@@ -199,8 +198,7 @@ bool CustomerSearchPanel::eventFilter(QObject* watched, QEvent* event)
     if (watched == fgCustomersFound->viewport() && event->type() == QEvent::MouseButtonRelease) {
         const QModelIndex at =
             fgCustomersFound->indexAt(static_cast<QMouseEvent*>(event)->position().toPoint());
-        if (at.isValid())
-            pickRow(at.row());
+        if (at.isValid()) pickRow(at.row());
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -2,9 +2,9 @@
 
 #include "accountlistmodel.h"
 #include "customerauxpanel.h"
-#include "customersearchpanel.h"
 #include "customers/customerdelete.h"
 #include "customers/customerfiles.h"
+#include "customersearchpanel.h"
 #include "shell/dialogs.h"
 #include "shell/keyfilterwiring.h"
 #include "store/dispatchingvariables.h"
@@ -26,7 +26,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace
+{
 
 const QString kBusiness = QStringLiteral("Business");
 const QString kIndividual = QStringLiteral("Individual");
@@ -76,11 +77,11 @@ frmCustomer::~frmCustomer() = default;
 void frmCustomer::buildBoxes()
 {
     const std::array<const char*, 12> tips = {
-        "Account No", "Name", "Address 1", "Address 2", nullptr,        "Postal Code",
-        "Phone",      "Fax, Email, ETC", "First Name", "Middle Initial", "Last Name", "Cell"};
+        "Account No", "Name",           "Address 1", "Address 2",
+        nullptr,      "Postal Code",    "Phone",     "Fax, Email, ETC",
+        "First Name", "Middle Initial", "Last Name", "Cell"};
     for (int i = 0; i < 12; ++i) {
-        if (!tips[i])
-            continue;
+        if (!tips[i]) continue;
         txtCustomer[i] = new QLineEdit(this);
         txtCustomer[i]->setObjectName(QStringLiteral("txtCustomer_%1").arg(i));
         txtCustomer[i]->setPlaceholderText(QString::fromLatin1(tips[i]));
@@ -129,7 +130,8 @@ void frmCustomer::buildButtons()
     cmdNew = button(QStringLiteral("Add &New"), QStringLiteral("cmdNew"));
     cmdCustomer[0] = button(QStringLiteral("Cancel Add &New"), QStringLiteral("cmdCustomer_0"));
     cmdCustomer[0]->setVisible(false);
-    cmdCustomer[1] = button(QStringLiteral("S&elect This Customer"), QStringLiteral("cmdCustomer_1"));
+    cmdCustomer[1] =
+        button(QStringLiteral("S&elect This Customer"), QStringLiteral("cmdCustomer_1"));
     cmdCustomer[1]->setDefault(true);
     cmdExit = button(QStringLiteral("&Menu"), QStringLiteral("cmdExit"));
 
@@ -265,11 +267,10 @@ void frmCustomer::wireBoxes()
     // The account number names a folder: it and the telephone refuse what a name may not
     // hold; no box takes a double quote, which would end a field in the text files.
     for (int i = 0; i < 12; ++i) {
-        if (!txtCustomer[i])
-            continue;
+        if (!txtCustomer[i]) continue;
         const bool folderName = i == CustomerBox::AccountNo || i == CustomerBox::Phone;
-        WireKeyFilter(txtCustomer[i], folderName ? KeyFilterKind::NameAndQuote : KeyFilterKind::Quote,
-                      c.dialogs);
+        WireKeyFilter(txtCustomer[i],
+                      folderName ? KeyFilterKind::NameAndQuote : KeyFilterKind::Quote, c.dialogs);
     }
     WireKeyFilter(txtAdd3, KeyFilterKind::NameAndQuote, c.dialogs);
     WireKeyFilter(txtAdd4, KeyFilterKind::NameAndQuote, c.dialogs);
@@ -286,7 +287,8 @@ void frmCustomer::wireBoxes()
     connect(mnuAux, &QAction::triggered, this, &frmCustomer::mnuAux_Click);
     connect(mnuDelete, &QAction::triggered, this, &frmCustomer::mnuDelete_Click);
     connect(mnuPrint, &QAction::triggered, this, &frmCustomer::mnuPrint_Click);
-    connect(cboAccounts->lineEdit(), &QLineEdit::textEdited, this, &frmCustomer::cboAccounts_Change);
+    connect(cboAccounts->lineEdit(), &QLineEdit::textEdited, this,
+            &frmCustomer::cboAccounts_Change);
     connect(cboAccounts, &QComboBox::activated, this, &frmCustomer::cboAccounts_Click);
     connect(cboAccounts->lineEdit(), &QLineEdit::returnPressed, this,
             &frmCustomer::cboAccounts_LostFocus);
@@ -298,14 +300,14 @@ void frmCustomer::wireBoxes()
         ShowCustomer();
     });
     connect(search, &CustomerSearchPanel::newAccountWanted, this, &frmCustomer::mnuAdd_Click);
-    connect(search, &CustomerSearchPanel::listClosed, this, [this] { mnuPrint->setText(kViewList); });
+    connect(search, &CustomerSearchPanel::listClosed, this,
+            [this] { mnuPrint->setText(kViewList); });
     connect(aux, &CustomerAuxPanel::moveAccount, this, &frmCustomer::moveAux);
 }
 
 bool frmCustomer::report(const Status& s)
 {
-    if (s)
-        return false;
+    if (s) return false;
     c.dialogs.message(s.message());
     return true;
 }
@@ -314,8 +316,7 @@ CustomerBoxes frmCustomer::boxes() const
 {
     CustomerBoxes b;
     for (int i = 0; i < 12; ++i)
-        if (txtCustomer[i])
-            b.txtCustomer[i] = txtCustomer[i]->text();
+        if (txtCustomer[i]) b.txtCustomer[i] = txtCustomer[i]->text();
     b.cboCity = cboCity->currentText();
     b.cboStates = cboStates->currentText();
     b.txtAdd3 = txtAdd3->text();
@@ -329,8 +330,7 @@ CustomerBoxes frmCustomer::boxes() const
 void frmCustomer::setBoxes(const CustomerBoxes& b)
 {
     for (int i = 0; i < 12; ++i)
-        if (txtCustomer[i])
-            txtCustomer[i]->setText(b.txtCustomer[i]);
+        if (txtCustomer[i]) txtCustomer[i]->setText(b.txtCustomer[i]);
     cboCity->setEditText(b.cboCity);
     cboStates->setEditText(b.cboStates);
     txtAdd3->setText(b.txtAdd3);
@@ -338,7 +338,10 @@ void frmCustomer::setBoxes(const CustomerBoxes& b)
     cboTitle->setEditText(b.cboTitle);
 }
 
-void frmCustomer::clearBoxes() { setBoxes(CustomerBoxes()); }
+void frmCustomer::clearBoxes()
+{
+    setBoxes(CustomerBoxes());
+}
 
 void frmCustomer::leaveToMenu()
 {
@@ -363,8 +366,7 @@ void frmCustomer::Form_Activate()
         EnableNavigation(true);
         EnableLocate(true);
         Result<qint16> count = c.store.RecordCount(CustomerFileName(), kCustomerRecordLength);
-        if (!report(count.status()))
-            at.gLastrec = *count;
+        if (!report(count.status())) at.gLastrec = *count;
         FillAccountList();
         ShowCustomer();
     } else {
@@ -382,17 +384,14 @@ void frmCustomer::Form_Activate()
 
 void frmCustomer::ShowCustomer()
 {
-    if (at.gCurrentRec < 1)
-        return;
-    if (report(ReadCustomer(c, at.gCurrentRec)))
-        return;
+    if (at.gCurrentRec < 1) return;
+    if (report(ReadCustomer(c, at.gCurrentRec))) return;
     setBoxes(BoxesFromCustomer(c.v.gCustomer));
     SetAccountType(c.v.gCustomer.text(CustomerField::AccountType));
     if (!txtCustomer[CustomerBox::Name]->text().isEmpty())
         txtCustomer[CustomerBox::AccountNo]->setFocus();
     aux->LoadAuxData();
-    if (!report(ReadContract(c, at.gCurrentRec)))
-        report(ReadCycle(c, at.gCurrentRec));
+    if (!report(ReadContract(c, at.gCurrentRec))) report(ReadCycle(c, at.gCurrentRec));
 }
 
 void frmCustomer::setNameBoxesVisible(bool business)
@@ -441,8 +440,7 @@ bool frmCustomer::UpdateCustomerRecord()
     // The one box a test changes: the telephone taken as the account number.
     txtCustomer[CustomerBox::AccountNo]->setText(b.txtCustomer[CustomerBox::AccountNo]);
     AcctOK = check->AcctOK;
-    if (check->focus >= 0 && txtCustomer[check->focus])
-        txtCustomer[check->focus]->setFocus();
+    if (check->focus >= 0 && txtCustomer[check->focus]) txtCustomer[check->focus]->setFocus();
     if (check->leaveToMenu) {
         // The user left without an account: whatever asked for the save goes no further.
         AcctOK = false;
@@ -462,12 +460,14 @@ bool frmCustomer::UpdateCustomerRecord()
     return AcctOK;
 }
 
-void frmCustomer::SaveCustomer() { ::SaveCustomer(boxes(), USAStyle, c.v); }
+void frmCustomer::SaveCustomer()
+{
+    ::SaveCustomer(boxes(), USAStyle, c.v);
+}
 
 void frmCustomer::BeginNewCustomer()
 {
-    if (!UpdateCustomerRecord())
-        return;
+    if (!UpdateCustomerRecord()) return;
     cmdCustomer[0]->show();
     CustomerBoxes b;
     at = ::BeginNewCustomer(c.v, b, at);
@@ -484,8 +484,7 @@ void frmCustomer::BeginNewCustomer()
 void frmCustomer::mnuAdd_Click()
 {
     BeginNewCustomer();
-    if (!AcctOK)
-        return;
+    if (!AcctOK) return;
     ResetContractDefaults(c);
     for (QAction* a : {mnuAdd, mnuAux, mnuDelete})
         a->setEnabled(false);
@@ -511,19 +510,16 @@ void frmCustomer::txtAccount_LostFocus()
 {
     CustomerBoxes b = boxes();
     Result<bool> duplicate = CheckDuplicateAccount(c, b, at);
-    if (report(duplicate.status()) || !*duplicate)
-        return;
+    if (report(duplicate.status()) || !*duplicate) return;
     txtCustomer[CustomerBox::AccountNo]->clear();
     txtCustomer[CustomerBox::AccountNo]->setFocus();
 }
 
 void frmCustomer::cmdNav_Click(int index)
 {
-    if (!UpdateCustomerRecord())
-        return;
+    if (!UpdateCustomerRecord()) return;
     const std::optional<qint32> to = NavigateTo(index, at);
-    if (!to)
-        return;
+    if (!to) return;
     at.gCurrentRec = *to;
     ShowCustomer();
 }
@@ -543,8 +539,7 @@ void frmCustomer::EnableLocate(bool enabled)
 void frmCustomer::FillAccountList()
 {
     Result<AccountListData> data = ReadAccountList(c.store);
-    if (report(data.status()))
-        return;
+    if (report(data.status())) return;
     m_accountModel->beginChange();
     m_accounts = AccountIndex(std::move(data->accounts));
     m_accountModel->endChange();
@@ -556,8 +551,7 @@ void frmCustomer::FillAccountList()
 
 void frmCustomer::AddCity(const QString& city)
 {
-    if (m_cities.contains(city))
-        return;
+    if (m_cities.contains(city)) return;
     m_cities.insert(city);
     const QString typed = cboCity->currentText();
     cboCity->addItem(city);
@@ -572,8 +566,7 @@ void frmCustomer::cboAccounts_Change(const QString& typed)
         return;
     }
     const QString rest = m_accounts.Completion(typed);
-    if (rest.isEmpty())
-        return;
+    if (rest.isEmpty()) return;
     QLineEdit* edit = cboAccounts->lineEdit();
     edit->setText(typed + rest);
     edit->setSelection(int(typed.size()), int(rest.size()));
@@ -581,8 +574,7 @@ void frmCustomer::cboAccounts_Change(const QString& typed)
 
 void frmCustomer::cboAccounts_Click(int index)
 {
-    if (index < 0 || index >= m_accounts.size())
-        return;
+    if (index < 0 || index >= m_accounts.size()) return;
     cboAccounts->hide();
     at.gCurrentRec = m_accounts.at(index).record;
     ShowCustomer();
@@ -590,11 +582,9 @@ void frmCustomer::cboAccounts_Click(int index)
 
 void frmCustomer::cboAccounts_LostFocus()
 {
-    if (!cboAccounts->isVisible() || cboAccounts->currentText().trimmed().isEmpty())
-        return;
+    if (!cboAccounts->isVisible() || cboAccounts->currentText().trimmed().isEmpty()) return;
     const qsizetype i = m_accounts.FindEqual(cboAccounts->currentText());
-    if (i < 0)
-        return;
+    if (i < 0) return;
     cboAccounts->hide();
     at.gCurrentRec = m_accounts.at(i).record;
     ShowCustomer();
@@ -604,14 +594,12 @@ void frmCustomer::Command1_Click(int index)
 {
     switch (index) {
     case 0:
-        if (!UpdateCustomerRecord())
-            return;
+        if (!UpdateCustomerRecord()) return;
         cboAccounts->hide();
         search->OpenSearch();
         break;
     case 1:
-        if (m_accounts.isEmpty())
-            return;
+        if (m_accounts.isEmpty()) return;
         search->fraSearch->hide();
         search->fraCustomersFound->hide();
         // The name list takes the place of every name box.
@@ -650,14 +638,15 @@ void frmCustomer::mnuPrint_Click()
     }
 }
 
-void frmCustomer::mnuAux_Click() { aux->setVisible(!aux->isVisible()); }
+void frmCustomer::mnuAux_Click()
+{
+    aux->setVisible(!aux->isVisible());
+}
 
 void frmCustomer::moveAux(int step)
 {
-    if (step > 0 && at.gCurrentRec == at.gLastrec)
-        return;
-    if (step < 0 && at.gCurrentRec < 2)
-        return;
+    if (step > 0 && at.gCurrentRec == at.gLastrec) return;
+    if (step < 0 && at.gCurrentRec < 2) return;
     at.gCurrentRec += step;
     ShowCustomer();
 }
@@ -669,8 +658,7 @@ void frmCustomer::mnuDelete_Click()
         return;
     }
     Result<CustomerPosition> after = DeleteCustomer(c.store, at);
-    if (report(after.status()))
-        return;
+    if (report(after.status())) return;
     at = *after;
     FillAccountList();
     txtCustomer[CustomerBox::AccountNo]->setFocus();
@@ -681,16 +669,18 @@ void frmCustomer::cmdSelect_Click()
 {
     m_leftForMenu = false;
     UpdateCustomerRecord();
-    if (m_leftForMenu)
-        return;
+    if (m_leftForMenu) return;
     SaveCustomer();
-    if (!AcctOK)
-        return;
+    if (!AcctOK) return;
     emit customerSelected();
     // The routines that go on to a screen of their own hide this one as they bring theirs
     // up; the others only hide it.
     switch (c.v.Mode) {
-    case 2: case 6: case 7: case 13: case 14:
+    case 2:
+    case 6:
+    case 7:
+    case 13:
+    case 14:
         break;
     default:
         hide();
@@ -708,8 +698,7 @@ void frmCustomer::cmdExit_Click()
             txtCustomer[CustomerBox::Phone]->setFocus();
         return;
     }
-    if (!UpdateCustomerRecord())
-        return;
+    if (!UpdateCustomerRecord()) return;
     leaveToMenu();
 }
 
@@ -720,8 +709,7 @@ bool frmCustomer::eventFilter(QObject* watched, QEvent* event)
     } else if (watched == cboAccounts->lineEdit()) {
         if (event->type() == QEvent::KeyPress) {
             const int key = static_cast<QKeyEvent*>(event)->key();
-            if (key == Qt::Key_Delete || key == Qt::Key_Backspace)
-                m_noComplete = true;
+            if (key == Qt::Key_Delete || key == Qt::Key_Backspace) m_noComplete = true;
         } else if (event->type() == QEvent::FocusOut &&
                    static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
             cboAccounts_LostFocus();

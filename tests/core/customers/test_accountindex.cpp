@@ -2,7 +2,8 @@
 
 #include <QtTest>
 
-namespace {
+namespace
+{
 
 AccountIndex index(const QStringList& texts)
 {
@@ -27,14 +28,16 @@ private slots:
 
 void TestAccountIndex::sortsWithoutRegardToCase()
 {
-    const AccountIndex list = index({"smith, Bo", "Adams, Zed", "Smith, Al", "SMITH, BO", "baker, Ann"});
+    const AccountIndex list =
+        index({"smith, Bo", "Adams, Zed", "Smith, Al", "SMITH, BO", "baker, Ann"});
     QStringList texts;
     QList<qint32> records;
     for (qsizetype i = 0; i < list.size(); ++i) {
         texts << list.at(i).text;
         records << list.at(i).record;
     }
-    QCOMPARE(texts, (QStringList{"Adams, Zed", "baker, Ann", "Smith, Al", "smith, Bo", "SMITH, BO"}));
+    QCOMPARE(texts,
+             (QStringList{"Adams, Zed", "baker, Ann", "Smith, Al", "smith, Bo", "SMITH, BO"}));
     // Equal texts keep the order of their records.
     QCOMPARE(records, (QList<qint32>{2, 5, 3, 1, 4}));
 }
@@ -44,13 +47,20 @@ void TestAccountIndex::completion_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("rest");
     QTest::addColumn<int>("at");
-    QTest::newRow("first of several") << "smi" << "th, Al" << 2;
-    QTest::newRow("case of the typed text kept") << "SMITHE" << "rs, Al" << 4;
-    QTest::newRow("whole entry typed") << "Adams, Zed" << "" << 0;
-    QTest::newRow("nothing begins so") << "smz" << "" << -1;
-    QTest::newRow("past the last entry") << "zz" << "" << -1;
-    QTest::newRow("nothing typed") << "" << "" << -1;
-    QTest::newRow("an inner text is no prefix") << "Zed" << "" << -1;
+    QTest::newRow("first of several") << "smi"
+                                      << "th, Al" << 2;
+    QTest::newRow("case of the typed text kept") << "SMITHE"
+                                                 << "rs, Al" << 4;
+    QTest::newRow("whole entry typed") << "Adams, Zed"
+                                       << "" << 0;
+    QTest::newRow("nothing begins so") << "smz"
+                                       << "" << -1;
+    QTest::newRow("past the last entry") << "zz"
+                                         << "" << -1;
+    QTest::newRow("nothing typed") << ""
+                                   << "" << -1;
+    QTest::newRow("an inner text is no prefix") << "Zed"
+                                                << "" << -1;
 }
 
 void TestAccountIndex::completion()
@@ -58,7 +68,8 @@ void TestAccountIndex::completion()
     QFETCH(QString, typed);
     QFETCH(QString, rest);
     QFETCH(int, at);
-    const AccountIndex list = index({"Smithers, Al", "Adams, Zed", "Smith, Al", "Baker, Ann", "Smith, Bo"});
+    const AccountIndex list =
+        index({"Smithers, Al", "Adams, Zed", "Smith, Al", "Baker, Ann", "Smith, Bo"});
     QCOMPARE(list.Completion(typed), rest);
     QCOMPARE(int(list.FirstStartingWith(typed)), at);
 }

@@ -22,7 +22,8 @@
 #include <QtTest>
 #include <list>
 
-namespace {
+namespace
+{
 
 using Answer = Dialogs::Answer;
 const QString kCustomers = QStringLiteral("CustomerData.txt");
@@ -91,8 +92,7 @@ struct Screen {
         pf.v.gBusiness[4] = QStringLiteral("IL");
         pf.v.gBusiness[5] = QStringLiteral("61820");
         pf.v.gBusiness[6] = QStringLiteral("217-555-9999");
-        if (!w)
-            w = std::make_unique<frmCustomer>(pf.ctx);
+        if (!w) w = std::make_unique<frmCustomer>(pf.ctx);
         pf.v.Mode = mode;
         w->show();
         w->Form_Activate();
@@ -199,8 +199,7 @@ void TestFrmCustomer::shortTelephoneBlocksExitNotNavigation()
     VERIFY_DIALOGS(s.pf.dialogs);
     QCOMPARE(menu.size(), toMenu ? 1 : 0);
     QCOMPARE(s.pf.snapshot(), before);
-    if (toMenu)
-        return;
+    if (toMenu) return;
 
     // Moving on saves the telephone as it stands.
     s.click(s.w->cmdNav[2]);
@@ -278,8 +277,9 @@ void TestFrmCustomer::cancelOfNewAccountShowsRecordOne()
 void TestFrmCustomer::searchListsHitsInRecordOrder()
 {
     Screen s;
-    layDown(s.pf, {person("A1", "Ann", "Main", "123 Main St"), person("A2", "Bo", "Oak", "9 Oak Rd"),
-                   person("A3", "Cy", "Roe", "44 Romaine Ave"), person("A4", "Di", "Elm", "7 Elm")});
+    layDown(s.pf,
+            {person("A1", "Ann", "Main", "123 Main St"), person("A2", "Bo", "Oak", "9 Oak Rd"),
+             person("A3", "Cy", "Roe", "44 Romaine Ave"), person("A4", "Di", "Elm", "7 Elm")});
     s.bringUp();
     s.click(s.w->Command1[0]);
     CustomerSearchPanel* p = s.w->search;
@@ -294,10 +294,10 @@ void TestFrmCustomer::searchListsHitsInRecordOrder()
     QVERIFY(!p->cmdPrintCustomers->isVisible());
     FlexGrid* g = p->fgCustomersFound;
     QCOMPARE(g->rows(), 2);
-    QCOMPARE(g->grid()->rowTexts(0), (QStringList{QStringLiteral(" Ann Main"),
-                                                 QStringLiteral("217-555-0100"),
-                                                 QStringLiteral("123 Main St"),
-                                                 QStringLiteral("Urbana"), QStringLiteral("1")}));
+    QCOMPARE(g->grid()->rowTexts(0),
+             (QStringList{QStringLiteral(" Ann Main"), QStringLiteral("217-555-0100"),
+                          QStringLiteral("123 Main St"), QStringLiteral("Urbana"),
+                          QStringLiteral("1")}));
     QCOMPARE(g->textMatrix(1, 4), QStringLiteral("3"));
 
     // A row picked shows its account and closes the list.
@@ -406,8 +406,8 @@ void TestFrmCustomer::deleteRecordThreeOfFive()
     s.click(s.w->cmdNav[2]);
     QCOMPARE(s.account(), QStringLiteral("A3"));
 
-    s.pf.dialogs.expect(QStringLiteral("Delete this Customer"), QStringLiteral("Delete this Customer"),
-                        Answer::Yes);
+    s.pf.dialogs.expect(QStringLiteral("Delete this Customer"),
+                        QStringLiteral("Delete this Customer"), Answer::Yes);
     s.w->mnuDelete->trigger();
     VERIFY_DIALOGS(s.pf.dialogs);
     auto without3 = [](const QByteArray& file, int length) {
@@ -458,7 +458,8 @@ void TestFrmCustomer::searchPanelSaveLeavesDefaults()
     QCOMPARE(contract1.left(50), padded("None Selected", 35) + padded("None", 15));
     QCOMPARE(contract1.mid(58, 9), padded("Thursday", 9)); // 30 April 2026
     QCOMPARE(contract1.mid(125, 2), QByteArray::fromHex("ffff"));
-    QCOMPARE(recordOf(s.pf.get(kCycles), kCycleRecordLength, 1).left(35), padded("None Selected", 35));
+    QCOMPARE(recordOf(s.pf.get(kCycles), kCycleRecordLength, 1).left(35),
+             padded("None Selected", 35));
     QCOMPARE(s.pf.get(kContracts).mid(kContractRecordLength), contracts.mid(kContractRecordLength));
 }
 
@@ -468,13 +469,15 @@ void TestFrmCustomer::missingParallelFilesAreRebuilt()
     layDown(s.pf, numbered(5));
     QFile::remove(s.pf.abs(kContracts));
     QFile::remove(s.pf.abs(kCycles));
-    s.pf.dialogs.expect(QStringLiteral("Your Billing Information File will be Built with Default Values"),
-                        QStringLiteral("Building Billing Info"));
+    s.pf.dialogs.expect(
+        QStringLiteral("Your Billing Information File will be Built with Default Values"),
+        QStringLiteral("Building Billing Info"));
     s.bringUp();
     VERIFY_DIALOGS(s.pf.dialogs);
     const QByteArray contracts = s.pf.get(kContracts);
     QCOMPARE(contracts.size(), 1930);
-    QCOMPARE(contracts.left(4 * kContractRecordLength), QByteArray(4 * kContractRecordLength, '\0'));
+    QCOMPARE(contracts.left(4 * kContractRecordLength),
+             QByteArray(4 * kContractRecordLength, '\0'));
     QCOMPARE(recordOf(contracts, kContractRecordLength, 5).left(35), padded("None Selected", 35));
     const QByteArray cycles = s.pf.get(kCycles);
     QCOMPARE(cycles.size(), 5 * kCycleRecordLength);
@@ -545,8 +548,9 @@ void TestFrmCustomer::duplicateAccountIsEmptied()
 
     account->setFocus();
     account->setText(QStringLiteral("A3"));
-    s.pf.dialogs.expect(QStringLiteral("The Account Number has been duplicated\nEnter a different Number"),
-                        QStringLiteral("Duplicate Account Number"));
+    s.pf.dialogs.expect(
+        QStringLiteral("The Account Number has been duplicated\nEnter a different Number"),
+        QStringLiteral("Duplicate Account Number"));
     s.w->txtCustomer[CustomerBox::Address1]->setFocus();
     VERIFY_DIALOGS(s.pf.dialogs);
     QCOMPARE(account->text(), QString());
