@@ -196,3 +196,22 @@ Result<QStringList> ReadStatesList(Store& store)
     }
     return states;
 }
+
+Status CheckParallelFiles(CoreContext& c, qint32 gLastrec)
+{
+    if (!c.store.FileExists(ContractFileName())) {
+        const CycleRecord cycle = c.v.gCycle;
+        ResetContractDefaults(c);
+        c.v.gCycle = cycle;
+        if (Status s = BuildContractInfo(c, gLastrec); !s)
+            return s;
+    }
+    if (!c.store.FileExists(CycleFileName())) {
+        const ContractRecord contract = c.v.gContract;
+        ResetContractDefaults(c);
+        c.v.gContract = contract;
+        if (Status s = BuildCycleInfo(c, gLastrec); !s)
+            return s;
+    }
+    return {};
+}

@@ -54,3 +54,11 @@ Result<QStringList> ReadStatesList(Store& store);
 
 // The full English name of the date's weekday ("Sunday" ... "Saturday").
 QString WeekdayName(const QDate& date);
+
+// The check each time the customer screen comes up, after the customer file was counted:
+// a missing ContractInfo.txt is rebuilt with BuildContractInfo(gLastrec), then a missing
+// CycleInfo.txt with BuildCycleInfo(gLastrec). Both tests go through FileExists, so a
+// copy in Backup comes back instead of a rebuild. A missing file's record reads as zero
+// bytes; its buffer is given the defaults before the rebuild, while the buffer of the
+// other file keeps the record that was read.
+Status CheckParallelFiles(CoreContext& c, qint32 gLastrec);

@@ -1,5 +1,7 @@
 #include "app.h"
 
+#include "customers/frmcustomer.h"
+
 #include "frmsplash.h"
 #include "frmstartup.h"
 #include "schedule/dayfiles.h"
@@ -148,6 +150,10 @@ bool App::EntryBuilt(int index) const
 {
     switch (index) {
     case MenuEntry::Reschedule:
+    case MenuEntry::CreateServiceSlip:
+    case MenuEntry::CustomerMeeting:
+    case MenuEntry::ServiceContract:
+    case MenuEntry::WorkOrder:
         return true;
     default:
         return false;
@@ -171,9 +177,26 @@ void App::OpenEntry(int index)
         v.Mode = qint16(index + 1);
         Bring(callRecord.data());
         break;
+    case MenuEntry::CreateServiceSlip:
+    case MenuEntry::CustomerMeeting:
+    case MenuEntry::ServiceContract:
+    case MenuEntry::WorkOrder:
+        OpenCustomer(index);
+        break;
     default:
         break;
     }
+}
+
+void App::OpenCustomer(int index)
+{
+    if (!customer) {
+        customer = new frmCustomer(ctx);
+        Adopt(customer);
+        connect(customer, &frmCustomer::showMenu, this, &App::ShowMenu);
+    }
+    v.Mode = qint16(index + 1);
+    Bring(customer.data());
 }
 
 void App::Adopt(QWidget* screen)

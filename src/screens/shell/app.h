@@ -14,6 +14,7 @@ class Desktop;
 class Dialogs;
 class QLockFile;
 class frmCallRecord;
+class frmCustomer;
 class frmSetup;
 class frmSplash;
 class frmStartup;
@@ -63,6 +64,7 @@ public:
     DispatchingVariables v;
     CoreContext ctx;
     frmSetup* setup = nullptr;
+    QPointer<frmCustomer> customer;
     QPointer<frmSplash> splash;
     QPointer<frmStartup> startup;
     QPointer<frmCallRecord> callRecord;
@@ -83,6 +85,8 @@ private:
     void HideWorkingScreens(QWidget* except);
     // Remembers a working screen for hiding and for the way out; it gets the screen frame.
     void Adopt(QWidget* screen);
+    // The customer screen, first step of the slip, meeting, contract and work order routines.
+    void OpenCustomer(int index);
 
     bool CheckPrevInstance();
     Status LoadAllData();
