@@ -7,6 +7,7 @@
 #include "store/backup.h"
 #include "store/purge.h"
 #include "screenframe.h"
+#include "schedule/frmmain.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
 #include "setup/setupproblemstab.h"
@@ -146,6 +147,10 @@ void App::CreateStartup()
 bool App::EntryBuilt(int index) const
 {
     switch (index) {
+    case MenuEntry::DailyWorkSchedules:
+    case MenuEntry::ServiceInvoices:
+    case MenuEntry::StoredSlips:
+        return true;
     default:
         return false;
     }
@@ -156,9 +161,45 @@ void App::OpenEntry(int index)
     if (!EntryBuilt(index))
         return;
     switch (index) {
+    case MenuEntry::DailyWorkSchedules:
+    case MenuEntry::ServiceInvoices:
+    case MenuEntry::StoredSlips: {
+        // The stored slips have no screen of their own: the Scheduling Screen lists them.
+        frmMain* screen = MainForm();
+        v.Mode = qint16(index + 1);
+        Bring(screen);
+        break;
+    }
     default:
         break;
     }
+}
+
+frmMain* App::MainForm()
+{
+    if (!mainForm) {
+        mainForm = new frmMain(ctx, m_desktop);
+        Adopt(mainForm);
+        connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
+        connect(mainForm, &frmMain::problemCodesChanged, this, [this] {
+            if (setup)
+                setup->problems->LoadProblems();
+        });
+    }
+    return mainForm;
+}
+
+void App::ShowMainForCustomer()
+{
+    Bring(MainForm());
+}
+
+void App::ShowMainForReschedule(bool meetings)
+{
+    frmMain* screen = MainForm();
+    screen->rescheduleMeeting = meetings;
+    v.Mode = 10;
+    Bring(screen);
 }
 
 void App::Adopt(QWidget* screen)

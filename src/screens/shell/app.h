@@ -13,6 +13,7 @@ class Clock;
 class Desktop;
 class Dialogs;
 class QLockFile;
+class frmMain;
 class frmSetup;
 class frmSplash;
 class frmStartup;
@@ -47,6 +48,12 @@ public:
     void OpenEntry(int index);
     // Whether the screen behind a menu entry has been built into the program.
     bool EntryBuilt(int index) const;
+    // The customer screen's choice made: the Scheduling Screen comes up in the Mode that
+    // led to the customer (2 or 7), for the customer now in hand.
+    void ShowMainForCustomer();
+    // The record screen has freed the old slip and hands its customer over for a new
+    // booking (Mode 10); meetings: it was found among the meetings, not the slips.
+    void ShowMainForReschedule(bool meetings = false);
 
     // The port the modem answered on at start, 0 for none; the modem probe comes with the
     // telephony screens.
@@ -62,6 +69,7 @@ public:
     DispatchingVariables v;
     CoreContext ctx;
     frmSetup* setup = nullptr;
+    QPointer<frmMain> mainForm;
     QPointer<frmSplash> splash;
     QPointer<frmStartup> startup;
     // Printing allowed by the user although the sibling planner program is present; kept
@@ -81,6 +89,7 @@ private:
     void HideWorkingScreens(QWidget* except);
     // Remembers a working screen for hiding and for the way out; it gets the screen frame.
     void Adopt(QWidget* screen);
+    frmMain* MainForm();
 
     bool CheckPrevInstance();
     Status LoadAllData();
