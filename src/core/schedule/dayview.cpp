@@ -9,7 +9,8 @@ QString DayViewFreeText()
     return QString(9, u' ') + NoEventScheduled() + QStringLiteral("\n\n");
 }
 
-namespace {
+namespace
+{
 bool belongsToDay(const SlipRecord& r, const QDate& day, const QString& dayText,
                   const QString& team)
 {
@@ -21,8 +22,7 @@ bool belongsToDay(const SlipRecord& r, const QDate& day, const QString& dayText,
 
 int recordHours(const SlipRecord& r)
 {
-    if (r.text(SlipField::TimeUnit) == u"Days")
-        return 8;
+    if (r.text(SlipField::TimeUnit) == u"Days") return 8;
     return r.text(SlipField::Hours).toInt();
 }
 } // namespace
@@ -34,23 +34,18 @@ Result<DayView> BuildDayView(CoreContext& c, const QDate& calendarDate, const QS
     for (DayViewSlot& slot : view.hours)
         slot.text = DayViewFreeText();
     for (const QString& row : grid)
-        if (row.contains(NoEventScheduled()))
-            ++view.counter;
+        if (row.contains(NoEventScheduled())) ++view.counter;
 
     const QString dayText = FormatShortDate(calendarDate);
     const QString wantedTeam = team.trimmed();
     for (const QString& name : {SlipsFileName(), MeetingsFileName()}) {
         Result<QList<SlipRecord>> records = ReadSlipRecords(c.store, name);
-        if (!records)
-            return records.status();
+        if (!records) return records.status();
         for (const SlipRecord& r : *records) {
-            if (view.counter > 12)
-                break;
-            if (!belongsToDay(r, calendarDate, dayText, wantedTeam))
-                continue;
+            if (view.counter > 12) break;
+            if (!belongsToDay(r, calendarDate, dayText, wantedTeam)) continue;
             const int s = r.text(SlipField::StartSlot).toInt() - 1;
-            if (s < 0 || s > 11)
-                continue;
+            if (s < 0 || s > 11) continue;
             DayViewSlot& slot = view.hours[s];
             slot.name = r.text(SlipField::Name);
             slot.street = r.text(SlipField::Street);
@@ -66,8 +61,7 @@ Result<DayView> BuildDayView(CoreContext& c, const QDate& calendarDate, const QS
             const int hours = recordHours(r);
             for (int k = 1; k < hours; ++k) {
                 ++view.counter;
-                if (s + k > 11)
-                    continue;
+                if (s + k > 11) continue;
                 view.hours[s + k] = slot;
             }
         }

@@ -6,18 +6,16 @@
 
 QString GridLabel(const DispatchingVariables& v, int slot)
 {
-    if (slot < 1 || slot > 12)
-        return {};
+    if (slot < 1 || slot > 12) return {};
     return v.TimeLabels[slot] + (slot <= 6 ? QStringLiteral("am") : QStringLiteral("pm"));
 }
 
 QString BookingEventText(const DispatchingVariables& v, const QString& slipNumber, int row)
 {
-    if (v.Mode == 2)
-        return slipNumber + u' ' + v.gCurName;
+    if (v.Mode == 2) return slipNumber + u' ' + v.gCurName;
     if (v.Mode == 7)
-        return QStringLiteral("Mtg - ") + v.TimeLabels[qBound(1, row, 12)] +
-               QStringLiteral(" - ") + v.gCurName;
+        return QStringLiteral("Mtg - ") + v.TimeLabels[qBound(1, row, 12)] + QStringLiteral(" - ") +
+               v.gCurName;
     return {};
 }
 
@@ -29,8 +27,7 @@ GridClick ClickTimeGrid(CoreContext& c, GridColumn& grid, int row, int hours,
                           QStringLiteral("Selection Error"));
         return GridClick::PastDayEnd;
     }
-    if (c.v.Mode != 2 && c.v.Mode != 7)
-        return GridClick::NotBooking;
+    if (c.v.Mode != 2 && c.v.Mode != 7) return GridClick::NotBooking;
     EventText = BookingEventText(c.v, slipNumber, row);
     for (const QString& slot : grid) {
         if (slot == EventText) {
@@ -49,7 +46,6 @@ GridClick ClickTimeGrid(CoreContext& c, GridColumn& grid, int row, int hours,
 void ResetTimeSelection(GridColumn& grid, QString& EventText)
 {
     for (QString& slot : grid)
-        if (slot == EventText)
-            slot = NoEventScheduled();
+        if (slot == EventText) slot = NoEventScheduled();
     EventText = NoSlotSelected();
 }

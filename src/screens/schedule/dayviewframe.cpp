@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QTextDocument>
 
 DayViewFrame::DayViewFrame(QWidget* parent) : QGroupBox(parent)
 {
@@ -26,7 +27,9 @@ DayViewFrame::DayViewFrame(QWidget* parent) : QGroupBox(parent)
         box->setReadOnly(true);
         box->setLineWrapMode(QPlainTextEdit::NoWrap);
         box->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-        box->setMinimumHeight(box->fontMetrics().lineSpacing() * 3 + 10);
+        box->document()->setDocumentMargin(2);
+        // Five lines: name, street, city, telephone, problem.
+        box->setMinimumHeight(box->fontMetrics().lineSpacing() * 5 + 10);
         txtHourSlot[i] = box;
         // Morning on the left, afternoon on the right.
         const int row = i % 6;
@@ -60,7 +63,6 @@ bool DayViewFrame::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonPress)
         for (int i = 0; i < 12; ++i)
-            if (watched == Label2[i] && !Label2[i]->toolTip().isEmpty())
-                emit dialRequested(i);
+            if (watched == Label2[i] && !Label2[i]->toolTip().isEmpty()) emit dialRequested(i);
     return QGroupBox::eventFilter(watched, event);
 }

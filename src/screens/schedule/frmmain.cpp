@@ -1,8 +1,6 @@
 #include "frmmain.h"
 
 #include "dayviewframe.h"
-#include "storedslipsframe.h"
-#include "teammonthframe.h"
 #include "schedule/booking.h"
 #include "schedule/contractoverlay.h"
 #include "schedule/dayview.h"
@@ -20,6 +18,8 @@
 #include "store/dispatchingvariables.h"
 #include "store/settingsfiles.h"
 #include "store/store.h"
+#include "storedslipsframe.h"
+#include "teammonthframe.h"
 
 #include <QAction>
 #include <QApplication>
@@ -41,11 +41,15 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-namespace {
+namespace
+{
 // The light yellow of the time grid.
 const QColor kGridYellow(0xFF, 0xFF, 0xC0);
 
-void tag(QWidget* w, const char* value) { w->setProperty("Tag", QString::fromLatin1(value)); }
+void tag(QWidget* w, const char* value)
+{
+    w->setProperty("Tag", QString::fromLatin1(value));
+}
 
 // The wait cursor for the length of a scope.
 struct WaitCursor {
@@ -90,6 +94,7 @@ void frmMain::buildLayout()
     Calender->setObjectName(QStringLiteral("Calender"));
     Calender->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     Calender->setGridVisible(true);
+    Calender->setFirstDayOfWeek(Qt::Sunday);
     (new QVBoxLayout(fraCalendar))->addWidget(Calender);
 
     fraTeam = new QGroupBox(QStringLiteral("Team"), central);
@@ -143,7 +148,8 @@ void frmMain::buildLayout()
     fraInvoiceType->setObjectName(QStringLiteral("fraInvoiceType"));
     tag(fraInvoiceType, "Hide");
     auto* invoices = new QVBoxLayout(fraInvoiceType);
-    invoices->addWidget(new QRadioButton(QStringLiteral("All Invoices of the Day"), fraInvoiceType));
+    invoices->addWidget(
+        new QRadioButton(QStringLiteral("All Invoices of the Day"), fraInvoiceType));
     invoices->addWidget(new QRadioButton(QStringLiteral("Selected Invoice"), fraInvoiceType));
 
     fraMemo = new QGroupBox(QStringLiteral("Invoice Memo"), central);
@@ -203,10 +209,12 @@ void frmMain::buildLayout()
     fgHours->grid()->setRowCount(12);
     fgHours->grid()->setColumnAlignment(0, Qt::AlignCenter);
     fgHours->grid()->setColumnAlignment(1, Qt::AlignLeft | Qt::AlignVCenter);
-    fgHours->setSelectionBehavior(QAbstractItemView::SelectItems);
+    // The grid's rows share its height; a click places an event, it selects nothing.
+    fgHours->setSelectionMode(QAbstractItemView::NoSelection);
     fgHours->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Fixed);
     fgHours->horizontalHeader()->resizeSection(0, 90);
-    fgHours->verticalHeader()->setDefaultSectionSize(fgHours->fontMetrics().height() + 14);
+    fgHours->verticalHeader()->setMinimumSectionSize(fgHours->fontMetrics().height() + 6);
+    fgHours->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     fgHours->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     {
         QPalette p = fgHours->palette();
@@ -226,20 +234,24 @@ void frmMain::buildLayout()
     // Buttons
     auto button = [central](const QString& caption, const char* name, const char* tagValue) {
         auto* b = new QPushButton(caption, central);
+        b->setMinimumWidth(96);
         b->setObjectName(QString::fromLatin1(name));
-        if (tagValue)
-            tag(b, tagValue);
+        if (tagValue) tag(b, tagValue);
         return b;
     };
     cmdView_0 = button(QStringLiteral("&Toggle View"), "cmdView_0", nullptr);
     cmdClear = button(QStringLiteral("&Clear Time"), "cmdClear", "Button");
     cmdSaveTextMessage = button(QStringLiteral("Text &Message"), "cmdSaveTextMessage", "Button");
-    cmdSaveTextMessage->setToolTip(QStringLiteral("Copy the slip to the clipboard for a text message"));
+    cmdSaveTextMessage->setToolTip(
+        QStringLiteral("Copy the slip to the clipboard for a text message"));
     cmdPrint = button(QStringLiteral("&Print"), "cmdPrint", "Button");
     cmdSave = button(QStringLiteral("&Save"), "cmdSave", "Button");
     cmdSave->setDefault(true);
     cmdExit = button(QStringLiteral("E&xit"), "cmdExit", nullptr);
-    auto* buttons = new QHBoxLayout;
+    fraButtons = new QWidget(central);
+    fraButtons->setObjectName(QStringLiteral("fraButtons"));
+    auto* buttons = new QHBoxLayout(fraButtons);
+    buttons->setContentsMargins(0, 0, 0, 0);
     buttons->addWidget(cmdView_0);
     buttons->addWidget(cmdClear);
     buttons->addWidget(cmdSaveTextMessage);
@@ -261,7 +273,7 @@ void frmMain::buildLayout()
     layout->addLayout(left, 0, 0);
     layout->addLayout(right, 0, 1);
     layout->addWidget(fraUnscheduled, 0, 0, 1, 2);
-    layout->addLayout(buttons, 1, 0, 1, 2);
+    layout->addWidget(fraButtons, 1, 0, 1, 2);
     layout->setColumnStretch(1, 1);
     fraCalendar->setMaximumWidth(330);
     fraTeam->setMaximumWidth(330);
@@ -269,8 +281,7 @@ void frmMain::buildLayout()
     fraService->setMaximumWidth(330);
 
     connect(Calender, &QCalendarWidget::selectionChanged, this, [this] {
-        if (!m_settingCalendar)
-            Calender_Change(Calender->selectedDate());
+        if (!m_settingCalendar) Calender_Change(Calender->selectedDate());
     });
     connect(lstTeam, &QListWidget::currentRowChanged, this, &frmMain::lstTeam_Change);
     connect(fraTeamCal->UpDnTeam, &UpDown::upClicked, this, [this] { UpDnTeam_Step(1); });
@@ -294,8 +305,7 @@ void frmMain::buildLayout()
 
 bool frmMain::fail(const Status& s)
 {
-    if (s)
-        return false;
+    if (s) return false;
     c.dialogs.message(s.message());
     return true;
 }
@@ -347,6 +357,8 @@ void frmMain::Form_Activate()
         ckSaveUnscheduled->setChecked(false);
         cmdSaveTextMessage->setEnabled(false);
         cmdView_0->setEnabled(true);
+        // The stored-slip list has buttons of its own.
+        fraButtons->setVisible(mode != 9);
         if (mode == 2 || mode == 7) {
             cmdClear->setEnabled(true);
             cmdSave->setEnabled(true);
@@ -361,8 +373,7 @@ void frmMain::Form_Activate()
             fraTime->setVisible(true);
             fgHours->setVisible(true);
         }
-        if (mode == 3)
-            fraCopies->setVisible(true);
+        if (mode == 3) fraCopies->setVisible(true);
         if (mode == 5) {
             fraTime->setVisible(false);
             fraInvoiceType->setVisible(true);
@@ -379,8 +390,7 @@ void frmMain::Form_Activate()
 
         // 5. The caption; 6. the number the slip will get.
         setCaption();
-        if (mode == 2)
-            ckSaveUnscheduled->setVisible(true);
+        if (mode == 2) ckSaveUnscheduled->setVisible(true);
         SlipNumber = c.v.gConfirmation;
 
         // 7. By mode.
@@ -421,8 +431,7 @@ void frmMain::Form_Activate()
         if (mode == 2 && Rescheduling == -1) {
             // The old slip's team, problem and hours; the date and the hour are chosen anew.
             const int team = c.v.gSlip.text(SlipField::TeamNo).toInt() - 1;
-            if (team >= 0 && team < lstTeam->count())
-                lstTeam->setCurrentRow(team);
+            if (team >= 0 && team < lstTeam->count()) lstTeam->setCurrentRow(team);
             cboService->setEditText(c.v.gSlip.text(SlipField::Reference));
             txtTime->setText(c.v.gSlip.text(SlipField::Hours));
             Rescheduling = 0;
@@ -464,13 +473,10 @@ void frmMain::fillTeams()
         lstTeam->clear();
         for (int n = 1; n <= c.v.TeamCount(); ++n)
             lstTeam->addItem(c.v.gAssignTo[n]);
-        if (c.v.Mode == 3)
-            lstTeam->addItem(QStringLiteral("All Teams"));
-        if (lstTeam->count() > 0)
-            lstTeam->setCurrentRow(0);
+        if (c.v.Mode == 3) lstTeam->addItem(QStringLiteral("All Teams"));
+        if (lstTeam->count() > 0) lstTeam->setCurrentRow(0);
     }
-    if (lstTeam->count() > 0)
-        lstTeam_Change(0);
+    if (lstTeam->count() > 0) lstTeam_Change(0);
 }
 
 void frmMain::showCustomer()
@@ -487,19 +493,16 @@ void frmMain::showCustomer()
 void frmMain::Calender_Change(const QDate& picked)
 {
     Result<QDate> date = CalenderChange(c, picked);
-    if (fail(date.status()))
-        return;
+    if (fail(date.status())) return;
     setCalendar(*date);
     m_currentDate = *date;
     // The contract events come with the team's change logic, which loads the day anew.
-    if (lstTeam->currentRow() >= 0)
-        lstTeam_Change(lstTeam->currentRow());
+    if (lstTeam->currentRow() >= 0) lstTeam_Change(lstTeam->currentRow());
 }
 
 void frmMain::loadDay()
 {
-    if (fail(LoadDay(c, m_currentDate, c.v.CurrentTeam)))
-        return;
+    if (fail(LoadDay(c, m_currentDate, c.v.CurrentTeam))) return;
     showGrid(GridFromDaySlots(c.v));
 }
 
@@ -507,31 +510,25 @@ void frmMain::overlayContracts()
 {
     Result<ContractOverlay> overlay =
         OverlayContractEvents(c, gridColumn(), m_currentDate, lstTeam->currentItem()->text());
-    if (fail(overlay.status()))
-        return;
+    if (fail(overlay.status())) return;
     showGrid(overlay->grid);
     ShowOverlayMessages(c.dialogs, overlay->messages);
 }
 
 void frmMain::lstTeam_Change(int i)
 {
-    if (i >= 0 && i < c.v.TeamCount())
-        c.v.CurrentTeam = QString::number(i + 1);
-    if (fraTeamCal->isVisible())
-        DrawTeamMonth();
+    if (i >= 0 && i < c.v.TeamCount()) c.v.CurrentTeam = QString::number(i + 1);
+    if (fraTeamCal->isVisible()) DrawTeamMonth();
     loadDay();
-    if (lstTeam->currentItem())
-        fraTeamCal->txtCurrentTeam->setText(lstTeam->currentItem()->text());
+    if (lstTeam->currentItem()) fraTeamCal->txtCurrentTeam->setText(lstTeam->currentItem()->text());
     const qint16 mode = c.v.Mode;
     if (mode == 2 || mode == 7) {
         for (int r = 0; r < 12; ++r)
             fgHours->grid()->setBackColor(r, 1, kGridYellow);
-        if (lstTeam->currentItem())
-            overlayContracts();
+        if (lstTeam->currentItem()) overlayContracts();
     }
     if (mode == 3)
-        fgHours->setVisible(!(lstTeam->currentItem() &&
-                              lstTeam->currentRow() >= c.v.TeamCount()));
+        fgHours->setVisible(!(lstTeam->currentItem() && lstTeam->currentRow() >= c.v.TeamCount()));
 }
 
 void frmMain::UpDnTeam_Step(int step)
@@ -547,8 +544,7 @@ void frmMain::fgHours_Click(int row)
     GridColumn grid = gridColumn();
     const GridClick click =
         ClickTimeGrid(c, grid, row, txtTime->text().trimmed().toInt(), SlipNumber, EventText);
-    if (click == GridClick::Placed)
-        showGrid(grid);
+    if (click == GridClick::Placed) showGrid(grid);
 }
 
 void frmMain::updnTime_Change(int step)
@@ -569,8 +565,7 @@ void frmMain::ResetTimeSelection()
 
 void frmMain::cmdClear_Click()
 {
-    if (c.v.Mode != 2 && c.v.Mode != 7)
-        return;
+    if (c.v.Mode != 2 && c.v.Mode != 7) return;
     if (!c.dialogs.ask(QStringLiteral("This will reset the time selected for this event"),
                        QStringLiteral("Clearing Time Slots")))
         return;
@@ -592,22 +587,20 @@ void frmMain::cmdSave_Click()
     screen.cboService = cboService->currentText();
     screen.FromStoredSlip = FromStoredSlip;
     screen.storedSlipRow = m_storedSlipRow;
-    if (!screen.ckSaveUnscheduled)
-        m_currentDate = screen.calendarDate;
-    if (EventText != NoSlotSelected())
-        cmdSaveTextMessage->setEnabled(true);
+    if (!screen.ckSaveUnscheduled) m_currentDate = screen.calendarDate;
+    if (EventText != NoSlotSelected()) cmdSaveTextMessage->setEnabled(true);
 
     Result<BookingSaved> saved = SaveBooking(c, screen);
-    if (fail(saved.status()))
-        return;
-    if (*saved == BookingSaved::NoTimeSelected)
-        return;
-    if (*saved == BookingSaved::StoredUnscheduled)
-        fgHours->setFocus();
+    if (fail(saved.status())) return;
+    if (*saved == BookingSaved::NoTimeSelected) return;
+    if (*saved == BookingSaved::StoredUnscheduled) fgHours->setFocus();
     emit showMenu();
 }
 
-void frmMain::cmdExit_Click() { emit showMenu(); }
+void frmMain::cmdExit_Click()
+{
+    emit showMenu();
+}
 
 void frmMain::cmdView_Click()
 {
@@ -626,8 +619,7 @@ void frmMain::cmdView_Click()
 void frmMain::BuildDayView()
 {
     Result<DayView> view = ::BuildDayView(c, m_currentDate, c.v.CurrentTeam, gridColumn());
-    if (fail(view.status()))
-        return;
+    if (fail(view.status())) return;
     fraDay->showView(*view);
 }
 
@@ -640,15 +632,14 @@ void frmMain::cmdSaveTextMessage_Click()
 void frmMain::cboService_LostFocus()
 {
     const QString text = cboService->currentText();
-    if (text.trimmed().isEmpty() || c.v.settings.cboProblems.contains(text))
-        return;
-    if (!c.dialogs.ask(QStringLiteral("Would you like to add this\nDescription to your Dropdown list?"),
-                       QStringLiteral("New Problem Code")))
+    if (text.trimmed().isEmpty() || c.v.settings.cboProblems.contains(text)) return;
+    if (!c.dialogs.ask(
+            QStringLiteral("Would you like to add this\nDescription to your Dropdown list?"),
+            QStringLiteral("New Problem Code")))
         return;
     QStringList problems = c.v.settings.cboProblems;
     problems.append(text);
-    if (fail(SaveProblems(c, problems)) || fail(LoadProblems(c)))
-        return;
+    if (fail(SaveProblems(c, problems)) || fail(LoadProblems(c))) return;
     fillService(text);
     emit problemCodesChanged();
 }
@@ -675,18 +666,15 @@ void frmMain::mnuTeamCal_Click()
 void frmMain::DrawTeamMonth()
 {
     Result<TeamMonth> month = ::DrawTeamMonth(c, m_currentDate, c.v.CurrentTeam);
-    if (fail(month.status()))
-        return;
+    if (fail(month.status())) return;
     fraTeamCal->showMonth(*month);
-    if (lstTeam->currentItem())
-        fraTeamCal->txtCurrentTeam->setText(lstTeam->currentItem()->text());
+    if (lstTeam->currentItem()) fraTeamCal->txtCurrentTeam->setText(lstTeam->currentItem()->text());
 }
 
 void frmMain::Text1_Click(int box)
 {
     const QDate date = MonthBoxDate(fraTeamCal->month(), m_currentDate, box);
-    if (!date.isValid())
-        return;
+    if (!date.isValid()) return;
     fraTeamCal->hide();
     setCalendar(date);
     Calender_Change(date);
@@ -700,8 +688,7 @@ void frmMain::cmdUnscheduled_Click(int index)
         return;
     case StoredSlipsFrame::LoadSlip: {
         const int row = fraUnscheduled->selectedRecord();
-        if (row < 1)
-            return;
+        if (row < 1) return;
         FlexGrid* list = fraUnscheduled->fgUnscheduled;
         fraUnscheduled->hide();
         // The list's street lands in the second address line, and the account and street
@@ -724,8 +711,7 @@ void frmMain::cmdUnscheduled_Click(int index)
         Result<bool> deleted = DeleteSelectedStoredSlip(c, fraUnscheduled->selectedRecord());
         fail(deleted.status());
         fraUnscheduled->fill(c.store);
-        if (deleted && *deleted)
-            emit showMenu();
+        if (deleted && *deleted) emit showMenu();
         return;
     }
     case StoredSlipsFrame::DeleteAll:
@@ -752,8 +738,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::FocusOut && watched == cboService) {
         // A move of the focus into the box's own list is not leaving it.
-        if (!cboService->view()->isVisible())
-            cboService_LostFocus();
+        if (!cboService->view()->isVisible()) cboService_LostFocus();
     }
     return QMainWindow::eventFilter(watched, event);
 }

@@ -68,6 +68,7 @@ public:
     QGroupBox* fraInvoiceType;
     QGroupBox* fraMemo;
     // Buttons
+    QWidget* fraButtons;
     QPushButton* cmdSave;
     QPushButton* cmdClear;
     QPushButton* cmdExit;

@@ -17,8 +17,8 @@ StoredSlipsFrame::StoredSlipsFrame(QWidget* parent) : QGroupBox(parent)
     fgUnscheduled = new FlexGrid(this);
     fgUnscheduled->setObjectName(QStringLiteral("fgUnscheduled"));
     fgUnscheduled->setHeadings({QStringLiteral("Name"), QStringLiteral("Street"),
-                                QStringLiteral("City"), QStringLiteral("St"),
-                                QStringLiteral("Zip"), QStringLiteral("Tel")});
+                                QStringLiteral("City"), QStringLiteral("St"), QStringLiteral("Zip"),
+                                QStringLiteral("Tel")});
     QHeaderView* header = fgUnscheduled->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->resizeSection(0, 200);
@@ -27,10 +27,9 @@ StoredSlipsFrame::StoredSlipsFrame(QWidget* parent) : QGroupBox(parent)
     header->resizeSection(3, 40);
     header->resizeSection(4, 80);
 
-    const QStringList captions = {QStringLiteral("Cancel/Exit"),
-                                  QStringLiteral("Load Slip and Schedule"),
-                                  QStringLiteral("Delete Selected Slip"),
-                                  QStringLiteral("Delete All Slips")};
+    const QStringList captions = {
+        QStringLiteral("Cancel/Exit"), QStringLiteral("Load Slip and Schedule"),
+        QStringLiteral("Delete Selected Slip"), QStringLiteral("Delete All Slips")};
     auto* buttons = new QHBoxLayout;
     for (int i = 0; i < 4; ++i) {
         auto* b = new QPushButton(captions[i], this);
@@ -58,11 +57,10 @@ QString StoredSlipsFrame::fill(Store& store)
     if (records)
         for (const SlipRecord& r : *records)
             rows.append({r.text(SlipField::Name), r.text(SlipField::Street),
-                         r.text(SlipField::City), r.text(SlipField::St),
-                         r.text(SlipField::Zip), r.text(SlipField::Tel)});
+                         r.text(SlipField::City), r.text(SlipField::St), r.text(SlipField::Zip),
+                         r.text(SlipField::Tel)});
     fgUnscheduled->setRows(rows);
-    if (!rows.isEmpty())
-        fgUnscheduled->selectRow(0);
+    if (!rows.isEmpty()) fgUnscheduled->selectRow(0);
     return records ? QString() : records.message();
 }
 

@@ -10,8 +10,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-QColor TeamMonthFrame::bookedColor() { return QColor(255, 0, 0); }
-QColor TeamMonthFrame::freeColor() { return QColor(0, 0, 255); }
+QColor TeamMonthFrame::bookedColor()
+{
+    return QColor(255, 0, 0);
+}
+QColor TeamMonthFrame::freeColor()
+{
+    return QColor(0, 0, 255);
+}
 
 TeamMonthFrame::TeamMonthFrame(QWidget* parent) : QGroupBox(parent)
 {
@@ -57,6 +63,7 @@ TeamMonthFrame::TeamMonthFrame(QWidget* parent) : QGroupBox(parent)
         box->setReadOnly(true);
         box->setAlignment(Qt::AlignCenter);
         box->setMinimumSize(44, 30);
+        box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         box->setCursor(Qt::PointingHandCursor);
         QFont f = box->font();
         f.setBold(true);
@@ -66,6 +73,8 @@ TeamMonthFrame::TeamMonthFrame(QWidget* parent) : QGroupBox(parent)
         Text1[i] = box;
         sheet->addWidget(box, 1 + i / 7, i % 7);
     }
+    for (int row = 1; row <= 6; ++row)
+        sheet->setRowStretch(row, 1);
 
     lblNote = new QLabel(QStringLiteral("No's in Red are Hours Already Scheduled"), this);
     lblNote->setObjectName(QStringLiteral("lblNote"));

@@ -5,11 +5,12 @@
 
 #include <QtTest>
 
-namespace {
+namespace
+{
 const QDate kDay(2026, 5, 5);
 
-QByteArray slip(const QString& name, const QString& date, const QString& team, int start,
-                int hours, const QString& unit = "Hours")
+QByteArray slip(const QString& name, const QString& date, const QString& team, int start, int hours,
+                const QString& unit = "Hours")
 {
     SlipRecord r;
     r.setText(SlipField::Name, name);
@@ -57,7 +58,7 @@ void TestDayView::recordsOfTheDay()
 {
     ProgramFolder f;
     f.put("Slips.txt", slip("Anna", "05/05/2026", "2", 1, 2) +
-                           slip("Year", "05/05/2027", "2", 3, 1) + // other year, same day
+                           slip("Year", "05/05/2027", "2", 3, 1) +  // other year, same day
                            slip("Team", "05/05/2026", "12", 3, 1) + // team 12 is not team 2
                            slip("Late", "05/05/2026", "2", 11, 4) + // runs past the day
                            slip("Zero", "05/05/2026", "2", 0, 1));  // a slot that does not exist

@@ -30,12 +30,19 @@
 
 using Answer = Dialogs::Answer;
 
-namespace {
+namespace
+{
 const QByteArray kFree = "\"No Event Scheduled\"\r\n";
 const QDate kTuesday(2026, 5, 5); // day 125
 
-QByteArray line(const QString& text) { return '"' + text.toLatin1() + "\"\r\n"; }
-QByteArray freeLines(int n) { return kFree.repeated(n); }
+QByteArray line(const QString& text)
+{
+    return '"' + text.toLatin1() + "\"\r\n";
+}
+QByteArray freeLines(int n)
+{
+    return kFree.repeated(n);
+}
 
 // The Scheduling Screen on a program folder with three teams and a customer in hand, as
 // the customer screen leaves them.
@@ -272,9 +279,9 @@ void TestFrmMain::meetingPlacedTwiceKeepsTheNumber()
     s.f.dialogs.expect("Customer Meeting has been Scheduled", "Confirmation");
     QTest::mouseClick(s.w->cmdSave, Qt::LeftButton);
     VERIFY_DIALOGS(s.f.dialogs);
-    QCOMPARE(s.f.get("2026/Team#1/125.txt"),
-             freeLines(1) + line("Mtg - 07:00 - Ada Byron") + freeLines(2) +
-                 line("Mtg - 10:00 - Ada Byron") + freeLines(7));
+    QCOMPARE(s.f.get("2026/Team#1/125.txt"), freeLines(1) + line("Mtg - 07:00 - Ada Byron") +
+                                                 freeLines(2) + line("Mtg - 10:00 - Ada Byron") +
+                                                 freeLines(7));
     const SlipRecord meeting = s.record("Meetings.txt");
     QCOMPARE(meeting.text(SlipField::RecType), QString("Meeting"));
     QCOMPARE(meeting.text(SlipField::StartSlot), QString("5"));
@@ -311,7 +318,8 @@ void TestFrmMain::openingDate()
     QCOMPARE(s.w->Calender->selectedDate(), opens);
     QCOMPARE(s.w->currentDate(), opens);
     QCOMPARE(s.f.v.gDayOfYear, qint16(opens.dayOfYear()));
-    QCOMPARE(s.f.v.DayFilePath, QString("/%1/Team#1/%2.txt").arg(opens.year()).arg(opens.dayOfYear()));
+    QCOMPARE(s.f.v.DayFilePath,
+             QString("/%1/Team#1/%2.txt").arg(opens.year()).arg(opens.dayOfYear()));
 }
 
 void TestFrmMain::clearAsksThenWritesTheFreedDay()
@@ -418,7 +426,8 @@ void TestFrmMain::dayViewShowsTheBookedHours()
     QCOMPARE(s.w->fraDay->txtHourSlot[1]->toPlainText(), booked);
     QCOMPARE(s.w->fraDay->txtHourSlot[2]->toPlainText(), booked);
     QCOMPARE(s.w->fraDay->Label2[2]->toolTip(), QString("555-0101"));
-    QCOMPARE(s.w->fraDay->txtHourSlot[3]->toPlainText(), QString("         No Event Scheduled\n\n"));
+    QCOMPARE(s.w->fraDay->txtHourSlot[3]->toPlainText(),
+             QString("         No Event Scheduled\n\n"));
     QTest::mouseClick(s.w->cmdView_0, Qt::LeftButton);
     QVERIFY(!s.w->fraDay->isVisible());
 }
@@ -446,7 +455,8 @@ void TestFrmMain::rescheduleTakesTheOldSlipsTeamAndHours()
     QCOMPARE(s.w->lstTeam->currentRow(), 0);
 }
 
-namespace {
+namespace
+{
 struct Run {
     QTemporaryDir folder;
     QTemporaryDir locks;
@@ -524,7 +534,8 @@ void TestFrmMain::lastStoredSlipScheduledClosesTheMenuEntry()
 void TestFrmMain::deleteAllStoredSlipsAsksTwice()
 {
     Run run;
-    run.startAtTheMenu(slipBytes("Cy Twombly", "9 Elm St", "1") + slipBytes("Di Arbus", "2 Oak", "2"));
+    run.startAtTheMenu(slipBytes("Cy Twombly", "9 Elm St", "1") +
+                       slipBytes("Di Arbus", "2 Oak", "2"));
     QTest::mouseClick(run.app->startup->lblSub[8], Qt::LeftButton);
     frmMain* w = run.app->mainForm;
     QCOMPARE(w->fraUnscheduled->fgUnscheduled->rows(), 2);
@@ -538,14 +549,16 @@ void TestFrmMain::deleteAllStoredSlipsAsksTwice()
 
     QTest::mouseClick(run.app->startup->lblSub[8], Qt::LeftButton);
     QCOMPARE(w->fraUnscheduled->fgUnscheduled->textMatrix(0, 0), QString("Cy Twombly"));
-    run.dialogs.expect("This will Delete All Unscheduled Slip Records", "File Deletion", Answer::Yes);
+    run.dialogs.expect("This will Delete All Unscheduled Slip Records", "File Deletion",
+                       Answer::Yes);
     run.dialogs.expect("Are you Sure?", "Confirmation", Answer::No);
     QTest::mouseClick(w->fraUnscheduled->cmdUnscheduled[3], Qt::LeftButton);
     QVERIFY(QFile::exists(run.abs("UnscheduledSlips.txt")));
     QVERIFY(run.app->startup->isVisible());
 
     QTest::mouseClick(run.app->startup->lblSub[8], Qt::LeftButton);
-    run.dialogs.expect("This will Delete All Unscheduled Slip Records", "File Deletion", Answer::Yes);
+    run.dialogs.expect("This will Delete All Unscheduled Slip Records", "File Deletion",
+                       Answer::Yes);
     run.dialogs.expect("Are you Sure?", "Confirmation", Answer::Yes);
     QTest::mouseClick(w->fraUnscheduled->cmdUnscheduled[3], Qt::LeftButton);
     VERIFY_DIALOGS(run.dialogs);
