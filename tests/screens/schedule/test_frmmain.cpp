@@ -131,6 +131,8 @@ private slots:
     void monthSheetGoesToTheClickedDay();
     void dayViewShowsTheBookedHours();
     void rescheduleTakesTheOldSlipsTeamAndHours();
+    void activationByMode_data();
+    void activationByMode();
     void lastStoredSlipScheduledClosesTheMenuEntry();
     void deleteAllStoredSlipsAsksTwice();
 };
@@ -453,6 +455,55 @@ void TestFrmMain::rescheduleTakesTheOldSlipsTeamAndHours()
     s.w->Form_Activate();
     QCOMPARE(s.f.v.Mode, qint16(7));
     QCOMPARE(s.w->lstTeam->currentRow(), 0);
+}
+
+void TestFrmMain::activationByMode_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<bool>("booking"); // save, clear, hours and problem open
+    QTest::addColumn<bool>("customer");
+    QTest::addColumn<int>("teams");
+    QTest::newRow("service slip") << 2 << "Scheduling Screen" << true << true << 3;
+    QTest::newRow("meeting") << 7 << "Scheduling Screen" << true << false << 3;
+    QTest::newRow("schedules") << 3 << "Print Setup Screen" << false << true << 4;
+    QTest::newRow("invoices") << 5 << "Print Invoices Screen" << false << false << 3;
+}
+
+void TestFrmMain::activationByMode()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, caption);
+    QFETCH(bool, booking);
+    QFETCH(bool, customer);
+    QFETCH(int, teams);
+    Screen s{qint16(mode)};
+    QCOMPARE(s.w->windowTitle(), caption);
+    QCOMPARE(s.w->cmdSave->isEnabled(), booking);
+    QCOMPARE(s.w->cmdClear->isEnabled(), booking);
+    QCOMPARE(s.w->fraTime->isVisible(), booking);
+    QCOMPARE(s.w->fraService->isVisible(), mode == 2);
+    QCOMPARE(s.w->ckSaveUnscheduled->isVisible(), mode == 2);
+    QCOMPARE(s.w->fraCopies->isVisible(), mode == 3);
+    QCOMPARE(s.w->fraInvoiceType->isVisible(), mode == 5);
+    QCOMPARE(s.w->cmdView_0->isEnabled(), mode != 3);
+    QCOMPARE(s.w->mnuTeamCal->isVisible(), mode != 3);
+    QVERIFY(!s.w->cmdPrint->isEnabled());
+    QVERIFY(!s.w->cmdSaveTextMessage->isEnabled());
+    QCOMPARE(s.w->lstTeam->count(), teams);
+    QCOMPARE(s.w->lstTeam->currentRow(), 0);
+    QCOMPARE(s.w->fraCustomer->isVisible(), customer);
+    if (customer) {
+        s.f.dialogs.expect("Customer Data cannot be Altered\nIf incorrect, cancel this Routine\n"
+                           "and edit the Customer Record",
+                           "Customer Info");
+        QTest::mouseClick(s.w->txtName, Qt::LeftButton);
+        VERIFY_DIALOGS(s.f.dialogs);
+        QCOMPARE(s.w->txtName->text(), QString("Ada Byron"));
+    }
+    // A click on the grid books only in Modes 2 and 7.
+    s.clickRow(3);
+    QCOMPARE(s.row(3) != "No Event Scheduled", booking);
 }
 
 namespace
