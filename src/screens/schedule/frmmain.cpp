@@ -32,6 +32,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -204,6 +205,7 @@ void frmMain::buildLayout()
     // The day: the grid, with the day view and the month sheet over it when open.
     fgHours = new FlexGrid(central);
     fgHours->setObjectName(QStringLiteral("fgHours"));
+    fgHours->installEventFilter(this);
     tag(fgHours, "Hide");
     fgHours->setHeadings({QStringLiteral("Time"), QStringLiteral("Scheduled Event")});
     fgHours->grid()->setRowCount(12);
@@ -735,6 +737,15 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event)
          watched == txtPhone)) {
         fraCustomer_Click();
         return true;
+    }
+    if (event->type() == QEvent::KeyPress && watched == fgHours) {
+        // The keyboard places the event too: Enter or Space on the current row.
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) &&
+            fgHours->currentIndex().isValid()) {
+            fgHours_Click(fgHours->currentIndex().row() + 1);
+            return true;
+        }
     }
     if (event->type() == QEvent::FocusOut && watched == cboService) {
         // A move of the focus into the box's own list is not leaving it.

@@ -135,6 +135,7 @@ private slots:
     void activationByMode();
     void lastStoredSlipScheduledClosesTheMenuEntry();
     void deleteAllStoredSlipsAsksTwice();
+    void menuAndCustomerBringTheScreen();
 };
 
 void TestFrmMain::serviceSlipEndToEnd()
@@ -256,7 +257,9 @@ void TestFrmMain::contractEventRefusesTheHourAndIsNotStored()
     VERIFY_DIALOGS(s.f.dialogs);
     QCOMPARE(s.row(3), QString("No Event Scheduled"));
 
-    s.clickRow(5);
+    // The keyboard places it as a click would.
+    s.w->fgHours->setCurrentIndex(s.w->fgHours->model()->index(4, 1));
+    QTest::keyClick(s.w->fgHours, Qt::Key_Return);
     QCOMPARE(s.row(6), QString("SA120-1 Ada Byron"));
     s.f.dialogs.expect("Service  Attention SA120-1 has been Scheduled", "Confirmation");
     QTest::mouseClick(s.w->cmdSave, Qt::LeftButton);
@@ -615,6 +618,36 @@ void TestFrmMain::deleteAllStoredSlipsAsksTwice()
     VERIFY_DIALOGS(run.dialogs);
     QVERIFY(!QFile::exists(run.abs("UnscheduledSlips.txt")));
     QVERIFY(!run.app->startup->lblSub[8]->isEnabled());
+    run.app->ExitProgram();
+}
+
+void TestFrmMain::menuAndCustomerBringTheScreen()
+{
+    Run run;
+    run.startAtTheMenu(QByteArray());
+    QVERIFY(!run.app->startup->lblSub[8]->isEnabled()); // an empty stored-slip file
+    QTest::mouseClick(run.app->startup->lblSub[2], Qt::LeftButton);
+    frmMain* w = run.app->mainForm;
+    QVERIFY(w && w->isVisible());
+    QCOMPARE(run.app->v.Mode, qint16(3));
+    QCOMPARE(w->windowTitle(), QString("Print Setup Screen"));
+    QTest::mouseClick(w->cmdExit, Qt::LeftButton);
+    QVERIFY(!w->isVisible());
+    QVERIFY(run.app->startup && run.app->startup->isVisible());
+
+    QTest::mouseClick(run.app->startup->lblSub[4], Qt::LeftButton);
+    QCOMPARE(run.app->v.Mode, qint16(5));
+    QCOMPARE(w->windowTitle(), QString("Print Invoices Screen"));
+    QTest::mouseClick(w->cmdExit, Qt::LeftButton);
+
+    // The customer screen hands over with the Mode its menu entry set.
+    run.app->v.Mode = 7;
+    run.app->v.gCurName = "Ada Byron";
+    run.app->ShowMainForCustomer();
+    QVERIFY(w->isVisible());
+    QVERIFY(!run.app->startup);
+    QCOMPARE(w->windowTitle(), QString("Scheduling Screen"));
+    QCOMPARE(w->lstTeam->count(), 2);
     run.app->ExitProgram();
 }
 
