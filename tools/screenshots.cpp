@@ -1,8 +1,14 @@
-// Captures the start-up screens to PNG files for review: the splash with its welcome
-// panel, every tab of the setup screen and the main menu, each at its own size and at the
+// Captures the screens to PNG files for review: the splash with its welcome
+// panel, every tab of the setup screen, the main menu and the Scheduling Screen (a booked
+// day, its month sheet, its day view and the stored slips), each at its own size and at the
 // size of the whole screen. Runs on a sample program folder in a temporary directory.
 //
 //   dispatch_screenshots <output folder>
+#include "schedule/dayviewframe.h"
+#include "schedule/frmmain.h"
+#include "schedule/sliprecord.h"
+#include "schedule/storedslipsframe.h"
+#include "schedule/teammonthframe.h"
 #include "setup/frmsetup.h"
 #include "setup/setupoperationstab.h"
 #include "shell/app.h"
@@ -17,6 +23,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFrame>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -65,6 +73,78 @@ void grab(QWidget* w, const QString& folder, const QString& name)
     QApplication::processEvents();
     w->grab().save(folder + u'/' + name + QStringLiteral("-full.png"));
     w->resize(original);
+}
+
+QByteArray slip(const char* number, const char* name, const char* street, const char* tel,
+               const char* problem, const QDate& date, int team, int start, int hours)
+{
+    SlipRecord r;
+    r.setText(SlipField::RecType, QStringLiteral("Service"));
+    r.setText(SlipField::ConfirmationNo, QString::fromLatin1(number));
+    r.setText(SlipField::TeamNo, QString::number(team));
+    r.setText(SlipField::TimeUnit, QStringLiteral("Hours"));
+    r.setText(SlipField::Hours, QString::number(hours));
+    r.setText(SlipField::EventDate, date.toString(QStringLiteral("MM/dd/yyyy")));
+    r.setText(SlipField::StartSlot, QString::number(start));
+    r.setText(SlipField::Reference, QString::fromLatin1(problem));
+    r.setText(SlipField::Name, QString::fromLatin1(name));
+    r.setText(SlipField::Street, QString::fromLatin1(street));
+    r.setText(SlipField::City, QStringLiteral("Springfield"));
+    r.setText(SlipField::St, QStringLiteral("IL"));
+    r.setText(SlipField::Zip, QStringLiteral("62704"));
+    r.setText(SlipField::Tel, QString::fromLatin1(tel));
+    return r.bytes();
+}
+
+// The Scheduling Screen in Mode 2 on a day with two jobs booked and a third being placed,
+// its month sheet, its day view, and the stored-slip list.
+void grabScheduling(App& app, const QString& root, const QString& out)
+{
+    DispatchingVariables& v = app.v;
+    v.gCurAccount = QStringLiteral("10422");
+    v.gCurName = QStringLiteral("Margaret Ellison");
+    v.gCurAddress1 = QStringLiteral("418 Walnut Avenue");
+    v.gCurAddress2 = QStringLiteral("Apt 2B");
+    v.gCurCity = QStringLiteral("Springfield");
+    v.gCurState = QStringLiteral("IL");
+    v.gCurZip = QStringLiteral("62704");
+    v.gCurPhone = QStringLiteral("(217)555-0187");
+    v.Mode = 2;
+    app.ShowMainForCustomer();
+    frmMain* w = app.mainForm;
+    const QDate day = w->currentDate();
+    const QString folder = root + QStringLiteral("/%1/Team#1/").arg(day.year());
+    QDir().mkpath(folder);
+    const QByteArray free = "\"No Event Scheduled\"\r\n";
+    const QByteArray first = "\"SA101-3 Harold Brandt\"\r\n";
+    const QByteArray second = "\"SA101-4 Lucy Ortega\"\r\n";
+    write(folder + QString::number(day.dayOfYear()) + QStringLiteral(".txt"),
+          first + first + free + free + free + free + second + second + second + free + free +
+              free);
+    write(root + QStringLiteral("/Slips.txt"),
+          slip("SA101-3", "Harold Brandt", "77 Birch Lane", "(217)555-0110", "No Heat", day, 1,
+               1, 2) +
+              slip("SA101-4", "Lucy Ortega", "9 Cedar Court", "(217)555-0166",
+                   "Annual Maintenance", day, 1, 7, 3));
+    w->lstTeam_Change(0);
+    w->txtTime->setText(QStringLiteral("2"));
+    w->fgHours_Click(4);
+    grab(w, out, QStringLiteral("main-booking"));
+    w->mnuTeamCal_Click();
+    grab(w, out, QStringLiteral("main-teamcal"));
+    w->mnuTeamCal_Click();
+    w->cmdView_Click();
+    grab(w, out, QStringLiteral("main-dayview"));
+    w->cmdView_Click();
+
+    write(root + QStringLiteral("/UnscheduledSlips.txt"),
+          slip("", "Walter Price", "1502 Oak Street", "(217)555-0121", "Leak", day, 1, 1, 1) +
+              slip("", "Dana Whitfield", "33 Elm Road", "(217)555-0133", "No Heat", day, 1, 1,
+                   1) +
+              slip("", "Samuel Ortiz", "8 Mill Pond Way", "(217)555-0144", "Maintenance", day,
+                   1, 1, 1));
+    app.OpenEntry(8);
+    grab(w, out, QStringLiteral("main-stored"));
 }
 
 } // namespace
@@ -117,6 +197,7 @@ int main(int argc, char* argv[])
     }
     setup->hide();
     grab(app.startup, out, QStringLiteral("menu"));
+    grabScheduling(app, root, out);
     app.ExitProgram();
     return 0;
 }

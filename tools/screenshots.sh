@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Captures the splash, every setup tab and the main menu to PNG under a virtual X server
-# at 1280x800 and at 1920x1080, for a look at legibility and layout.
+# Captures the splash, every setup tab, the main menu and the Scheduling Screen to PNG
+# under a virtual X server at 1280x800 and at 1920x1080, for a look at legibility and layout.
 #   tools/screenshots.sh [build folder] [output folder]
 set -euo pipefail
 here="$(cd "$(dirname "$0")/.." && pwd)"

@@ -9,6 +9,7 @@
 #include "store/backup.h"
 #include "store/purge.h"
 #include "screenframe.h"
+#include "schedule/frmmain.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
 #include "setup/setupproblemstab.h"
@@ -154,6 +155,9 @@ bool App::EntryBuilt(int index) const
     case MenuEntry::CustomerMeeting:
     case MenuEntry::ServiceContract:
     case MenuEntry::WorkOrder:
+    case MenuEntry::DailyWorkSchedules:
+    case MenuEntry::ServiceInvoices:
+    case MenuEntry::StoredSlips:
         return true;
     default:
         return false;
@@ -170,9 +174,9 @@ void App::OpenEntry(int index)
             callRecord = new frmCallRecord(ctx);
             Adopt(callRecord);
             connect(callRecord, &frmCallRecord::showMenu, this, &App::ShowMenu);
-            // The Scheduling Screen takes the slip over in Mode 10:
-            // connect(callRecord, &frmCallRecord::rescheduleChosen, this,
-            //         &App::ShowMainForReschedule);
+            // The Scheduling Screen takes the slip over in Mode 10.
+            connect(callRecord, &frmCallRecord::rescheduleChosen, this,
+                    [this] { ShowMainForReschedule(v.gRescheduleSearchFor == 1); });
         }
         v.Mode = qint16(index + 1);
         Bring(callRecord.data());
@@ -183,6 +187,15 @@ void App::OpenEntry(int index)
     case MenuEntry::WorkOrder:
         OpenCustomer(index);
         break;
+    case MenuEntry::DailyWorkSchedules:
+    case MenuEntry::ServiceInvoices:
+    case MenuEntry::StoredSlips: {
+        // The stored slips have no screen of their own: the Scheduling Screen lists them.
+        frmMain* screen = MainForm();
+        v.Mode = qint16(index + 1);
+        Bring(screen);
+        break;
+    }
     default:
         break;
     }
@@ -194,9 +207,51 @@ void App::OpenCustomer(int index)
         customer = new frmCustomer(ctx);
         Adopt(customer);
         connect(customer, &frmCustomer::showMenu, this, &App::ShowMenu);
+        connect(customer, &frmCustomer::customerSelected, this, &App::CustomerSelected);
     }
     v.Mode = qint16(index + 1);
     Bring(customer.data());
+}
+
+void App::CustomerSelected()
+{
+    // The customer is the first step; the routine goes on by Mode. Recurring events,
+    // contracts and work orders have no screen in this program yet.
+    switch (v.Mode) {
+    case 2:
+    case 7:
+        ShowMainForCustomer();
+        break;
+    default:
+        break;
+    }
+}
+
+frmMain* App::MainForm()
+{
+    if (!mainForm) {
+        mainForm = new frmMain(ctx, m_desktop);
+        Adopt(mainForm);
+        connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
+        connect(mainForm, &frmMain::problemCodesChanged, this, [this] {
+            if (setup)
+                setup->problems->LoadProblems();
+        });
+    }
+    return mainForm;
+}
+
+void App::ShowMainForCustomer()
+{
+    Bring(MainForm());
+}
+
+void App::ShowMainForReschedule(bool meetings)
+{
+    frmMain* screen = MainForm();
+    screen->rescheduleMeeting = meetings;
+    v.Mode = 10;
+    Bring(screen);
 }
 
 void App::Adopt(QWidget* screen)

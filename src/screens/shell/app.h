@@ -15,6 +15,7 @@ class Dialogs;
 class QLockFile;
 class frmCallRecord;
 class frmCustomer;
+class frmMain;
 class frmSetup;
 class frmSplash;
 class frmStartup;
@@ -49,6 +50,12 @@ public:
     void OpenEntry(int index);
     // Whether the screen behind a menu entry has been built into the program.
     bool EntryBuilt(int index) const;
+    // The customer screen's choice made: the Scheduling Screen comes up in the Mode that
+    // led to the customer (2 or 7), for the customer now in hand.
+    void ShowMainForCustomer();
+    // The record screen has freed the old slip and hands its customer over for a new
+    // booking (Mode 10); meetings: it was found among the meetings, not the slips.
+    void ShowMainForReschedule(bool meetings = false);
 
     // The port the modem answered on at start, 0 for none; the modem probe comes with the
     // telephony screens.
@@ -65,6 +72,7 @@ public:
     CoreContext ctx;
     frmSetup* setup = nullptr;
     QPointer<frmCustomer> customer;
+    QPointer<frmMain> mainForm;
     QPointer<frmSplash> splash;
     QPointer<frmStartup> startup;
     QPointer<frmCallRecord> callRecord;
@@ -87,6 +95,8 @@ private:
     void Adopt(QWidget* screen);
     // The customer screen, first step of the slip, meeting, contract and work order routines.
     void OpenCustomer(int index);
+    void CustomerSelected();
+    frmMain* MainForm();
 
     bool CheckPrevInstance();
     Status LoadAllData();

@@ -16,9 +16,9 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QDirIterator>
 #include <QFrame>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLockFile>
@@ -29,7 +29,8 @@
 #include <QToolButton>
 #include <QtTest>
 
-namespace {
+namespace
+{
 
 // A program folder and everything an App takes from outside.
 struct Run {
@@ -103,10 +104,10 @@ void TestFirstRun::firstRunFromSplashToMenu()
     VERIFY_DIALOGS(run.dialogs);
 
     // The folder tree stands.
-    for (const char* f : {"2026", "TresvaneDispatcher", "TVActiveAccounts", "Backup",
-                          "Backup/TVActiveAccounts", "Backup/TVActiveAccountsBACK",
-                          "Backup/TresvaneDispatcher", "Templates", "Templates/Contracts",
-                          "AuxFiles"})
+    for (const char* f :
+         {"2026", "TresvaneDispatcher", "TVActiveAccounts", "Backup", "Backup/TVActiveAccounts",
+          "Backup/TVActiveAccountsBACK", "Backup/TresvaneDispatcher", "Templates",
+          "Templates/Contracts", "AuxFiles"})
         QVERIFY2(run.isFolder(f), f);
 
     frmSplash* splash = app->splash;
@@ -202,6 +203,8 @@ void TestFirstRun::firstRunFromSplashToMenu()
     QVERIFY(!app->startup);
     app->ShowMenu();
     QVERIFY(!app->customer->isVisible());
+    QVERIFY(app->startup->lblSub[MenuEntry::DailyWorkSchedules]->isEnabled());
+    QVERIFY(app->startup->lblSub[MenuEntry::ServiceInvoices]->isEnabled());
 
     // Files | Exit ends the run.
     QSignalSpy finished(app.get(), &App::finished);
@@ -213,7 +216,8 @@ void TestFirstRun::firstRunFromSplashToMenu()
     // The exit leaves a copy of each data file of the inventory in Backup.
     for (const char* f : {"Assignto.txt", "MyBusinessData.txt", "ProblemCode.txt",
                           "TresvaneDispatcherSettings.txt", "Counter.txt"})
-        QVERIFY(QFileInfo::exists(run.abs(QStringLiteral("Backup/") + f)) && run.get(QStringLiteral("Backup/") + f) == run.get(f));
+        QVERIFY(QFileInfo::exists(run.abs(QStringLiteral("Backup/") + f)) &&
+                run.get(QStringLiteral("Backup/") + f) == run.get(f));
 }
 
 void TestFirstRun::secondInstanceTouchesNothing()

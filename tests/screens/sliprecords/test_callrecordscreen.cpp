@@ -2,6 +2,7 @@
 #include "recordingdesktop.h"
 
 #include "schedule/sliprecord.h"
+#include "schedule/frmmain.h"
 #include "shell/app.h"
 #include "shell/flexgrid.h"
 #include "shell/frmstartup.h"
@@ -483,8 +484,11 @@ void TestCallRecordScreen::rescheduleFromTheMenu()
     QCOMPARE(app.v.gSlip.bytes(), shownForm(old, "$0.00"));
     QCOMPARE(app.v.gCurAccount, QString("A-1"));
     QCOMPARE(app.v.gCurPhone, QString("(555)123-4567"));
-    QCOMPARE(app.v.Mode, qint16(10));
     QCOMPARE(app.v.gRescheduleSearchFor, qint16(0));
+    // The Scheduling Screen has taken it over as a service slip.
+    QVERIFY(app.mainForm && app.mainForm->isVisible());
+    QVERIFY(!s->isVisible());
+    QCOMPARE(app.v.Mode, qint16(2));
 
     // A meeting is handed over with the meetings option, for a new meeting.
     s->show();
@@ -499,6 +503,7 @@ void TestCallRecordScreen::rescheduleFromTheMenu()
     QCOMPARE(handOver.count(), 2);
     QCOMPARE(f.get("Meetings.txt"), QByteArray());
     QCOMPARE(app.v.gRescheduleSearchFor, qint16(1));
+    QCOMPARE(app.v.Mode, qint16(7));
 
     // The menu button goes back to the menu.
     QTest::mouseClick(s->cmdExit, Qt::LeftButton);

@@ -1,0 +1,51 @@
+#include "timegrid.h"
+
+#include "schedule/booking.h"
+#include "shell/dialogs.h"
+#include "store/dispatchingvariables.h"
+
+QString GridLabel(const DispatchingVariables& v, int slot)
+{
+    if (slot < 1 || slot > 12) return {};
+    return v.TimeLabels[slot] + (slot <= 6 ? QStringLiteral("am") : QStringLiteral("pm"));
+}
+
+QString BookingEventText(const DispatchingVariables& v, const QString& slipNumber, int row)
+{
+    if (v.Mode == 2) return slipNumber + u' ' + v.gCurName;
+    if (v.Mode == 7)
+        return QStringLiteral("Mtg - ") + v.TimeLabels[qBound(1, row, 12)] + QStringLiteral(" - ") +
+               v.gCurName;
+    return {};
+}
+
+GridClick ClickTimeGrid(CoreContext& c, GridColumn& grid, int row, int hours,
+                        const QString& slipNumber, QString& EventText)
+{
+    if ((hours - 1) + row > 12) {
+        c.dialogs.message(QStringLiteral("Hours Requested exceed Hours Remaining this Date"),
+                          QStringLiteral("Selection Error"));
+        return GridClick::PastDayEnd;
+    }
+    if (c.v.Mode != 2 && c.v.Mode != 7) return GridClick::NotBooking;
+    EventText = BookingEventText(c.v, slipNumber, row);
+    for (const QString& slot : grid) {
+        if (slot == EventText) {
+            c.dialogs.beep();
+            return GridClick::AlreadyPlaced;
+        }
+    }
+    if (row < 1 || hours < 0 || !CheckforSlots(grid, quint8(row), quint8(hours), c.dialogs))
+        return GridClick::SlotTaken;
+    for (int r = row; r < row + hours; ++r)
+        grid[r - 1] = EventText;
+    WriteSlots(c.v, grid);
+    return GridClick::Placed;
+}
+
+void ResetTimeSelection(GridColumn& grid, QString& EventText)
+{
+    for (QString& slot : grid)
+        if (slot == EventText) slot = NoEventScheduled();
+    EventText = NoSlotSelected();
+}

@@ -1,0 +1,148 @@
+#pragma once
+
+#include "schedule/dayfiles.h"
+#include "store/corecontext.h"
+#include "store/result.h"
+
+#include <QDate>
+#include <QMainWindow>
+#include <array>
+
+class Desktop;
+class FlexGrid;
+class QAction;
+class QCalendarWidget;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLineEdit;
+class QListWidget;
+class QLabel;
+class QPushButton;
+class QSpinBox;
+class UpDown;
+class DayViewFrame;
+class TeamMonthFrame;
+class StoredSlipsFrame;
+
+// The Scheduling Screen: one team's day as twelve hourly rows, where a Service
+// Attention (Mode 2) or a customer meeting (Mode 7) is booked for the customer in hand.
+// It also lists the stored slips (Mode 9), takes a reschedule over from the record screen
+// (Mode 10), and is the frame of the schedule and invoice printing (Modes 3 and 5).
+// Everything on it is reset each time it comes to the front.
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+public:
+    frmMain(CoreContext& ctx, Desktop& desktop, QWidget* parent = nullptr);
+
+    // Date and team
+    QGroupBox* fraCalendar;
+    QCalendarWidget* Calender;
+    QGroupBox* fraTeam;
+    QListWidget* lstTeam;
+    // Hours and problem
+    QGroupBox* fraTime;
+    QLineEdit* txtTime;
+    UpDown* updnTime;
+    QLabel* lblMode;
+    QGroupBox* fraService;
+    QComboBox* cboService;
+    QCheckBox* ckSaveUnscheduled;
+    // The customer in hand, read only
+    QGroupBox* fraCustomer;
+    QLineEdit* txtAccount;
+    QLineEdit* txtName;
+    QLineEdit* txtAddress1;
+    QLineEdit* txtAddress2;
+    QLineEdit* txtCityStateZip;
+    QLineEdit* txtPhone;
+    // The day
+    FlexGrid* fgHours;
+    DayViewFrame* fraDay;
+    TeamMonthFrame* fraTeamCal;
+    StoredSlipsFrame* fraUnscheduled;
+    // Print frames, shown in the print modes
+    QGroupBox* fraCopies;
+    QSpinBox* txtCopies;
+    QGroupBox* fraInvoiceType;
+    QGroupBox* fraMemo;
+    // Buttons
+    QWidget* fraButtons;
+    QPushButton* cmdSave;
+    QPushButton* cmdClear;
+    QPushButton* cmdExit;
+    QPushButton* cmdView_0;
+    QPushButton* cmdPrint;
+    QPushButton* cmdSaveTextMessage;
+    // Menus
+    QAction* mnuCustomer;
+    QAction* mnuTeamCal;
+    QAction* mnuInvoiceS;
+    QAction* mnuInvoiceStyle;
+
+    // The screen's state
+    QString EventText;
+    QString SlipNumber;
+    qint16 Rescheduling = 0;
+    qint16 FromStoredSlip = 0;
+    // A reschedule hand-over came from a search of the meetings (else of the slips).
+    bool rescheduleMeeting = false;
+
+    // The date the calendar stands on, which is the date a booking is for.
+    QDate currentDate() const { return m_currentDate; }
+    // The grid row (1 to 12) of the last click on fgHours.
+    int gridRow() const { return m_gridRow; }
+    // Column 1 of rows 1 to 12 of fgHours.
+    GridColumn gridColumn() const;
+
+    // The activation steps, run each time the screen comes to the front, by Mode.
+    void Form_Activate();
+    // The calendar's change logic for a picked date.
+    void Calender_Change(const QDate& picked);
+    // The team's change logic for list entry i.
+    void lstTeam_Change(int i);
+    void UpDnTeam_Step(int step);
+    void fgHours_Click(int row);
+    void updnTime_Change(int step);
+    void ResetTimeSelection();
+    void cmdClear_Click();
+    void cmdSave_Click();
+    void cmdExit_Click();
+    void cmdView_Click();
+    void cmdSaveTextMessage_Click();
+    void cboService_LostFocus();
+    void fraCustomer_Click();
+    void mnuTeamCal_Click();
+    void DrawTeamMonth();
+    void Text1_Click(int box);
+    void cmdUnscheduled_Click(int index);
+
+signals:
+    void showMenu();
+    // ProblemCode.txt was written with a new description.
+    void problemCodesChanged();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildLayout();
+    void setCalendar(const QDate& date);
+    void showGrid(const GridColumn& grid);
+    void loadDay();
+    void overlayContracts();
+    void fillService(const QString& text);
+    void fillTeams();
+    void showCustomer();
+    void setCaption();
+    void BuildDayView();
+    bool fail(const Status& s);
+
+    CoreContext& c;
+    Desktop& m_desktop;
+    QDate m_currentDate;
+    int m_gridRow = 1;
+    int m_storedSlipRow = 0;
+    bool m_settingCalendar = false;
+};

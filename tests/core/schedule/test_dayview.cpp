@@ -1,0 +1,111 @@
+#include "programfolder.h"
+#include "schedule/dayview.h"
+#include "schedule/slipfiles.h"
+#include "schedule/slipmessage.h"
+
+#include <QtTest>
+
+namespace
+{
+const QDate kDay(2026, 5, 5);
+
+QByteArray slip(const QString& name, const QString& date, const QString& team, int start, int hours,
+                const QString& unit = "Hours")
+{
+    SlipRecord r;
+    r.setText(SlipField::Name, name);
+    r.setText(SlipField::Street, "1 Road");
+    r.setText(SlipField::City, "Town");
+    r.setText(SlipField::St, "IL");
+    r.setText(SlipField::Tel, "555-" + name.left(4));
+    r.setText(SlipField::Reference, "Job of " + name);
+    r.setText(SlipField::EventDate, date);
+    r.setText(SlipField::TeamNo, team);
+    r.setText(SlipField::StartSlot, QString::number(start));
+    r.setText(SlipField::Hours, QString::number(hours));
+    r.setText(SlipField::TimeUnit, unit);
+    return r.bytes();
+}
+
+GridColumn gridWithFree(int freeRows)
+{
+    GridColumn g;
+    for (int i = 0; i < 12; ++i)
+        g[i] = i < freeRows ? NoEventScheduled() : QString("taken");
+    return g;
+}
+
+// The names shown on hours 1 to 12, "-" for a free hour.
+QString names(const DayView& v)
+{
+    QStringList out;
+    for (const DayViewSlot& s : v.hours)
+        out << (s.name.isEmpty() ? QString("-") : s.name);
+    return out.join(' ');
+}
+} // namespace
+
+class TestDayView : public QObject
+{
+    Q_OBJECT
+private slots:
+    void recordsOfTheDay();
+    void readingStopsOnceEveryHourIsAccounted();
+    void textMessage();
+};
+
+void TestDayView::recordsOfTheDay()
+{
+    ProgramFolder f;
+    f.put("Slips.txt", slip("Anna", "05/05/2026", "2", 1, 2) +
+                           slip("Year", "05/05/2027", "2", 3, 1) +  // other year, same day
+                           slip("Team", "05/05/2026", "12", 3, 1) + // team 12 is not team 2
+                           slip("Late", "05/05/2026", "2", 11, 4) + // runs past the day
+                           slip("Zero", "05/05/2026", "2", 0, 1));  // a slot that does not exist
+    f.put("Meetings.txt", slip("Days", "5/5/2026", "2", 4, 1, "Days"));
+    Result<DayView> v = BuildDayView(f.ctx, kDay, " 2 ", gridWithFree(0));
+    QVERIFY2(v, qPrintable(v.message()));
+    QCOMPARE(names(*v), QString("Anna Anna - Days Days Days Days Days Days Days Days Late"));
+    const DayViewSlot& anna = v->hours[1];
+    QCOMPARE(anna.text, QString("Anna\n1 Road\nTown, IL\n555-Anna\nJob of Anna"));
+    QCOMPARE(anna.nameTip, QString("Anna"));
+    QCOMPARE(anna.phoneTip, QString("555-Anna"));
+    QCOMPARE(v->hours[2].text, QString("         No Event Scheduled\n\n"));
+    QCOMPARE(v->hours[2].phoneTip, QString());
+    // 2 + 4 hours of slips, 8 of the meeting.
+    QCOMPARE(v->counter, 14);
+}
+
+void TestDayView::readingStopsOnceEveryHourIsAccounted()
+{
+    ProgramFolder f;
+    // No file at all is an empty day.
+    QCOMPARE(names(*BuildDayView(f.ctx, kDay, "1", gridWithFree(12))),
+             QString("- - - - - - - - - - - -"));
+    f.put("Slips.txt", slip("One", "05/05/2026", "1", 1, 1) + slip("Two", "05/05/2026", "1", 2, 1));
+    // Twelve free rows already count 12: the first record makes 13 and the second is not read.
+    Result<DayView> v = BuildDayView(f.ctx, kDay, "1", gridWithFree(12));
+    QCOMPARE(names(*v), QString("One - - - - - - - - - - -"));
+    Result<DayView> w = BuildDayView(f.ctx, kDay, "1", gridWithFree(10));
+    QCOMPARE(names(*w), QString("One Two - - - - - - - - - -"));
+    QCOMPARE(w->counter, 12);
+}
+
+void TestDayView::textMessage()
+{
+    DispatchingVariables v;
+    BuildTimeLabels(v);
+    SlipRecord r(slip("Grace Hopper", "05/05/2026", "1", 12, 1));
+    r.setText(SlipField::ConfirmationNo, "SA366-1000");
+    r.setText(SlipField::Zip, "45123");
+    QCOMPARE(SlipTextMessage(r, v), QString("Service Attention - SA366-1000\r\nGrace Hopper\r\n"
+                                            "1 Road\r\nTown, IL 45123\r\n555-Grac\r\n"
+                                            "Scheduled for 05/05/2026\r\nat 06:00\r\n"
+                                            "Job of Grace Hopper\r\n"));
+    // A start slot no grid has leaves the hour empty rather than reading past the labels.
+    r.setText(SlipField::StartSlot, "13");
+    QVERIFY(SlipTextMessage(r, v).contains("\r\nat \r\n"));
+}
+
+QTEST_GUILESS_MAIN(TestDayView)
+#include "test_dayview.moc"
