@@ -1,0 +1,211 @@
+// A dispatcher's day through the real program: start, the menu, the customer, the
+// Scheduling Screen, and a slip found again and moved, checked in the files.
+
+#include "recordingdesktop.h"
+#include "scripteddialogs.h"
+#include "testclock.h"
+
+#include "customers/customerfiles.h"
+#include "customers/frmcustomer.h"
+#include "schedule/frmmain.h"
+#include "schedule/sliprecord.h"
+#include "shell/app.h"
+#include "shell/flexgrid.h"
+#include "shell/frmsplash.h"
+#include "shell/frmstartup.h"
+#include "shell/screenframe.h"
+#include "shell/updown.h"
+#include "sliprecords/frmcallrecord.h"
+
+#include <QCalendarWidget>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QToolButton>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using Answer = Dialogs::Answer;
+
+namespace {
+
+const QByteArray kFree = "\"No Event Scheduled\"\r\n";
+
+QByteArray line(const char* text) { return QByteArray("\"") + text + "\"\r\n"; }
+
+QByteArray padded(const char* s, int width)
+{
+    QByteArray b(s);
+    return b + QByteArray(width - b.size(), ' ');
+}
+
+// One business customer as another installation would have written it.
+QByteArray customer()
+{
+    return padded("A-7", 20) + padded("Hill Bakery", 45) + padded("4 Oak Lane", 35) +
+           padded("", 25) + padded("Dayton", 25) + padded("Dayton", 20) + padded("OH", 2) +
+           padded("45402", 10) + padded("", 25) + padded("937-555-0100", 13) +
+           padded("", 13) + padded("", 30) + padded("", 10) + padded("", 15) + padded("", 1) +
+           padded("", 25) + padded("Business", 10) + QByteArray::fromHex("01000000");
+}
+
+// A program folder as a running installation leaves it: business data, two teams, two
+// problem codes, the settings, today's counter and one customer with its parallel records.
+struct Installation {
+    QTemporaryDir folder;
+    QTemporaryDir locks;
+    // Thursday 30 April 2026, day 120, in the morning.
+    TestClock clock{QDateTime(QDate(2026, 4, 30), QTime(9, 0))};
+    ScriptedDialogs dialogs;
+    RecordingDesktop desktop;
+
+    Installation()
+    {
+        put("MyBusinessData.txt", "\"Acme Heating\",\"12 Main Street\",\"\",\"Springfield\","
+                                  "\"IL\",\"62701\",\"217-555-0142\",\"\",\"\"\r\n");
+        put("Assignto.txt", "\"North Truck\"\r\n\"South Truck\"\r\n");
+        put("ProblemCode.txt", "\"No Heat\"\r\n\"Leak\"\r\n");
+        put("TresvaneDispatcherSettings.txt",
+            "8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n#FALSE#\r\n#FALSE#\r\n1\r\n1\r\n");
+        put("Counter.txt", "\"120\",4\r\n");
+        put("Phone.txt", "#FALSE#\r\n0\r\n");
+        put("CallID.txt", "#TRUE#\r\n");
+        put("CustomerData.txt", customer());
+    }
+    std::unique_ptr<App> start()
+    {
+        auto app = std::make_unique<App>(folder.path(), clock, dialogs, desktop);
+        app->setLockFolder(locks.path());
+        // The contract and cycle records of the one customer, at their defaults.
+        ResetContractDefaults(app->ctx);
+        if (!WriteContract(app->ctx, 1) || !WriteCycle(app->ctx, 1))
+            return nullptr;
+        return app;
+    }
+    QString abs(const QString& name) const { return folder.path() + u'/' + name; }
+    QByteArray get(const QString& name) const
+    {
+        QFile f(abs(name));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+    void put(const QString& name, const QByteArray& bytes) const
+    {
+        QDir().mkpath(QFileInfo(abs(name)).path());
+        QFile f(abs(name));
+        if (f.open(QIODevice::WriteOnly))
+            f.write(bytes);
+    }
+};
+
+void clickRow(FlexGrid* grid, int row, int col)
+{
+    const QModelIndex index = grid->model()->index(row, col);
+    grid->scrollTo(index);
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(index).center());
+}
+
+void setHours(frmMain* w, int hours)
+{
+    while (w->txtTime->text().toInt() < hours)
+        QTest::mouseClick(w->updnTime->up, Qt::LeftButton);
+    while (w->txtTime->text().toInt() > hours)
+        QTest::mouseClick(w->updnTime->down, Qt::LeftButton);
+}
+
+} // namespace
+
+class TestDayFlow : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase() { ScreenFrame::setGeometryKept(false); }
+    void bookThenRescheduleFromTheMenu();
+};
+
+void TestDayFlow::bookThenRescheduleFromTheMenu()
+{
+    Installation run;
+    auto app = run.start();
+    QVERIFY(app);
+    QVERIFY(app->Main());
+    VERIFY_DIALOGS(run.dialogs);
+    QTest::mouseClick(app->splash->cmdContinue, Qt::LeftButton);
+    QVERIFY(app->startup && app->startup->isVisible());
+
+    // "Create a Service Slip": the customer screen shows the one account.
+    QVERIFY(app->startup->lblSub[MenuEntry::CreateServiceSlip]->isEnabled());
+    QTest::mouseClick(app->startup->lblSub[MenuEntry::CreateServiceSlip], Qt::LeftButton);
+    VERIFY_DIALOGS(run.dialogs);
+    frmCustomer* customer = app->customer;
+    QVERIFY(customer && customer->isVisible());
+    QCOMPARE(customer->txtCustomer[0]->text(), QString("A-7"));
+
+    // Chosen: the Scheduling Screen takes the customer over.
+    QTest::mouseClick(customer->cmdCustomer[1], Qt::LeftButton);
+    VERIFY_DIALOGS(run.dialogs);
+    frmMain* w = app->mainForm;
+    QVERIFY(w && w->isVisible());
+    QVERIFY(!customer->isVisible());
+    QCOMPARE(app->v.Mode, qint16(2));
+    QCOMPARE(w->txtName->text(), QString("Hill Bakery"));
+
+    // Team 2, Tuesday 5 May, three hours from the fourth slot.
+    w->lstTeam->setCurrentRow(1);
+    w->Calender->setSelectedDate(QDate(2026, 5, 5));
+    setHours(w, 3);
+    clickRow(w->fgHours, 3, 1);
+    run.dialogs.expect("Service  Attention SA120-4 has been Scheduled", "Confirmation");
+    QTest::mouseClick(w->cmdSave, Qt::LeftButton);
+    VERIFY_DIALOGS(run.dialogs);
+
+    QCOMPARE(run.get("2026/Team#2/125.txt"),
+             kFree.repeated(3) + line("SA120-4 Hill Bakery").repeated(3) + kFree.repeated(6));
+    const QByteArray first = run.get("Slips.txt");
+    QCOMPARE(first.size(), 297);
+    QCOMPARE(SlipRecord(first).text(SlipField::ConfirmationNo), QString("SA120-4"));
+    QCOMPARE(SlipRecord(first).text(SlipField::AcctNo), QString("A-7"));
+    QCOMPARE(run.get("Counter.txt"), QByteArray("\"120\",5\r\n"));
+
+    // Back on the menu, the slip can be found again.
+    QVERIFY(app->startup && app->startup->isVisible());
+    QVERIFY(!w->isVisible());
+    QVERIFY(app->startup->lblSub[MenuEntry::Reschedule]->isEnabled());
+    QTest::mouseClick(app->startup->lblSub[MenuEntry::Reschedule], Qt::LeftButton);
+    frmCallRecord* records = app->callRecord;
+    QVERIFY(records && records->isVisible());
+    QCOMPARE(records->fgSummary->rows(), 1);
+    clickRow(records->fgSummary, 0, 0);
+    VERIFY_DIALOGS(run.dialogs);
+
+    // Moved: the old slip and its hours go, the Scheduling Screen books it anew on team 1
+    // the next day, under the next number.
+    run.dialogs.expect("Reschedule this Attention", "RESCHEDULE", Answer::Yes);
+    QTest::mouseClick(records->cmdReschedule, Qt::LeftButton);
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(run.get("2026/Team#2/125.txt"), kFree.repeated(12));
+    QVERIFY(w->isVisible());
+    QVERIFY(!records->isVisible());
+    QCOMPARE(app->v.Mode, qint16(2));
+
+    w->lstTeam->setCurrentRow(0);
+    w->Calender->setSelectedDate(QDate(2026, 5, 6));
+    setHours(w, 2);
+    clickRow(w->fgHours, 0, 1);
+    run.dialogs.expect("Service  Attention SA120-5 has been Scheduled", "Confirmation");
+    QTest::mouseClick(w->cmdSave, Qt::LeftButton);
+    VERIFY_DIALOGS(run.dialogs);
+
+    QCOMPARE(run.get("2026/Team#1/126.txt"),
+             line("SA120-5 Hill Bakery").repeated(2) + kFree.repeated(10));
+    const QByteArray moved = run.get("Slips.txt");
+    QCOMPARE(moved.size(), 297);
+    const SlipRecord slip(moved);
+    QCOMPARE(slip.text(SlipField::ConfirmationNo), QString("SA120-5"));
+    QCOMPARE(slip.text(SlipField::AcctNo), QString("A-7"));
+    QCOMPARE(slip.text(SlipField::EventDate), QString("05/06/2026"));
+    QCOMPARE(run.get("Counter.txt"), QByteArray("\"120\",6\r\n"));
+    QVERIFY(app->startup && app->startup->isVisible());
+}
+
+QTEST_MAIN(TestDayFlow)
+#include "test_dayflow.moc"
