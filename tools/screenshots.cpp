@@ -1,9 +1,12 @@
 // Captures the screens to PNG files for review: the splash with its welcome
-// panel, every tab of the setup screen, the main menu and the Scheduling Screen (a booked
-// day, its month sheet, its day view and the stored slips), each at its own size and at the
-// size of the whole screen. Runs on a sample program folder in a temporary directory.
+// panel, every tab of the setup screen, the main menu, the Scheduling Screen (a booked
+// day, its month sheet, its day view and the stored slips), the customer screen and the
+// record screen, each at its own size and at the size of the whole screen. Runs on a sample program folder in a temporary directory.
 //
 //   dispatch_screenshots <output folder>
+#include "sampleinstallation.h"
+
+#include "customers/frmcustomer.h"
 #include "schedule/dayviewframe.h"
 #include "schedule/frmmain.h"
 #include "schedule/sliprecord.h"
@@ -17,6 +20,7 @@
 #include "shell/frmsplash.h"
 #include "shell/frmstartup.h"
 #include "shell/screenframe.h"
+#include "sliprecords/frmcallrecord.h"
 #include "store/clock.h"
 
 #include <QApplication>
@@ -25,6 +29,7 @@
 #include <QFrame>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -147,6 +152,42 @@ void grabScheduling(App& app, const QString& root, const QString& out)
     grab(w, out, QStringLiteral("main-stored"));
 }
 
+// The screens that want a customer file and booked slips, on a small sample installation:
+// the customer screen with its search and aux panels, and the record screen.
+bool grabWorkingScreens(const QString& out)
+{
+    QTemporaryDir folder;
+    SampleOptions options;
+    options.teams = 3;
+    options.customers = 60;
+    options.slips = 40;
+    options.meetings = 6;
+    options.storedSlips = 3;
+    options.contracts = 5;
+    options.seed = 7;
+    if (!WriteSampleInstallation(folder.path(), options))
+        return false;
+    SystemClock clock;
+    QuietDialogs dialogs;
+    NoDesktop desktop;
+    App app(folder.path(), clock, dialogs, desktop);
+    app.setLockFolder(folder.path());
+    if (!app.Main())
+        return false;
+    app.OpenEntry(MenuEntry::CreateServiceSlip);
+    frmCustomer* customer = app.customer;
+    grab(customer, out, QStringLiteral("customer"));
+    customer->Command1[0]->click();
+    grab(customer, out, QStringLiteral("customer-search"));
+    customer->Command1[0]->click();
+    customer->mnuAux->trigger();
+    grab(customer, out, QStringLiteral("customer-aux"));
+    app.OpenEntry(MenuEntry::Reschedule);
+    grab(app.callRecord, out, QStringLiteral("records"));
+    app.ExitProgram();
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -199,5 +240,5 @@ int main(int argc, char* argv[])
     grab(app.startup, out, QStringLiteral("menu"));
     grabScheduling(app, root, out);
     app.ExitProgram();
-    return 0;
+    return grabWorkingScreens(out) ? 0 : 1;
 }
