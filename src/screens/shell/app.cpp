@@ -1,6 +1,8 @@
 #include "app.h"
 
 #include "frmsplash.h"
+#include "history/frmcallback.h"
+#include "history/frmhistory.h"
 #include "frmstartup.h"
 #include "schedule/dayfiles.h"
 #include "setup/setupdata.h"
@@ -146,6 +148,9 @@ void App::CreateStartup()
 bool App::EntryBuilt(int index) const
 {
     switch (index) {
+    case 0:  // Place Reminder Calls
+    case 10: // View Service History
+        return true;
     default:
         return false;
     }
@@ -156,9 +161,48 @@ void App::OpenEntry(int index)
     if (!EntryBuilt(index))
         return;
     switch (index) {
+    case 0:
+        if (!callBack) {
+            callBack = new frmCallBack(ctx);
+            Adopt(callBack);
+            connect(callBack, &frmCallBack::showMenu, this, &App::ShowMenu);
+        }
+        v.Mode = qint16(index + 1);
+        Bring(callBack);
+        break;
+    case 10:
+        MakeHistory();
+        history->History = false;
+        history->setWindowModality(Qt::NonModal);
+        v.Mode = qint16(index + 1);
+        Bring(history);
+        break;
     default:
         break;
     }
+}
+
+frmHistory* App::MakeHistory()
+{
+    if (!history) {
+        history = new frmHistory(ctx);
+        Adopt(history);
+        connect(history, &frmHistory::showMenu, this, &App::ShowMenu);
+        connect(history, &frmHistory::returnToCustomer, history, &QWidget::hide);
+    }
+    return history;
+}
+
+void App::ShowHistoryForCustomer()
+{
+    // Over the customer screen, which stays where it is: the return only hides this one.
+    MakeHistory();
+    history->SetAccount(v.gCurAccount);
+    history->setWindowModality(Qt::ApplicationModal);
+    history->show();
+    history->raise();
+    history->activateWindow();
+    history->Form_Activate();
 }
 
 void App::Adopt(QWidget* screen)

@@ -13,6 +13,8 @@ class Clock;
 class Desktop;
 class Dialogs;
 class QLockFile;
+class frmCallBack;
+class frmHistory;
 class frmSetup;
 class frmSplash;
 class frmStartup;
@@ -47,6 +49,9 @@ public:
     void OpenEntry(int index);
     // Whether the screen behind a menu entry has been built into the program.
     bool EntryBuilt(int index) const;
+    // The history of the customer in hand (gCurAccount), over the customer screen; its
+    // return goes back there.
+    void ShowHistoryForCustomer();
 
     // The port the modem answered on at start, 0 for none; the modem probe comes with the
     // telephony screens.
@@ -64,6 +69,8 @@ public:
     frmSetup* setup = nullptr;
     QPointer<frmSplash> splash;
     QPointer<frmStartup> startup;
+    frmCallBack* callBack = nullptr;
+    frmHistory* history = nullptr;
     // Printing allowed by the user although the sibling planner program is present; kept
     // for the whole run while the menu comes and goes.
     bool PrintEnabled = false;
@@ -88,6 +95,7 @@ private:
     void CreateStartup();
     bool Fatal(const Status& s);
     void closeBox();
+    frmHistory* MakeHistory();
 
     const Clock& m_clock;
     Dialogs& m_dialogs;
