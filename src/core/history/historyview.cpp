@@ -132,7 +132,10 @@ Result<HistoryView> LoadHistory(Store& store, const HistoryFilter& filter)
     for (const QByteArray& a : std::as_const(accounts))
         view.accounts.append(cp1252::decode(a));
     std::sort(view.accounts.begin(), view.accounts.end(),
-              [](const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) < 0; });
+              [](const QString& a, const QString& b) {
+                  const int order = a.compare(b, Qt::CaseInsensitive);
+                  return order != 0 ? order < 0 : a < b;
+              });
     return view;
 }
 
