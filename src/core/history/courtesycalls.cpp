@@ -6,7 +6,9 @@
 #include "store/dispatchingvariables.h"
 #include "store/record.h"
 #include "store/store.h"
+#include "textpool.h"
 
+#include <QHash>
 #include <algorithm>
 
 namespace
@@ -84,6 +86,8 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
         QStringList cells;
     };
     QList<Row> rows;
+    TextPool pool;
+    QHash<int, QString> keys;
     ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
         const QByteArrayView dateText = r.trimmedBytes(SlipField::EventDate);
         const QDate date = parseEventDate(dateText);
@@ -91,14 +95,17 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
             return;
         const int slot = smallNumber(r.trimmedBytes(SlipField::StartSlot));
         const int team = smallNumber(r.trimmedBytes(SlipField::TeamNo));
-        QStringList cells;
-        cells.reserve(CourtesyColumn::Count);
-        cells << r.text(SlipField::Name) << cp1252::decode(dateText)
-              << (slot >= 1 && slot < int(c.v.TimeLabels.size()) ? c.v.TimeLabels[slot] : QString())
-              << r.text(SlipField::Tel)
-              << (team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString())
-              << r.text(SlipField::Reference) << CourtesyDateKey(date);
-        rows.append({date.year() * 1000 + date.dayOfYear(), std::move(cells)});
+        const int key = date.year() * 1000 + date.dayOfYear();
+        QString& keyText = keys[key];
+        if (keyText.isNull())
+            keyText = CourtesyDateKey(date);
+        rows.append({key,
+                     {pool.get(r.trimmedBytes(SlipField::Name)), pool.get(dateText),
+                      slot >= 1 && slot < int(c.v.TimeLabels.size()) ? c.v.TimeLabels[slot]
+                                                                     : QString(),
+                      pool.get(r.trimmedBytes(SlipField::Tel)),
+                      team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString(),
+                      pool.get(r.trimmedBytes(SlipField::Reference)), keyText}});
     });
     std::stable_sort(rows.begin(), rows.end(),
                      [](const Row& a, const Row& b) { return a.key < b.key; });

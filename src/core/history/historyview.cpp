@@ -5,6 +5,7 @@
 #include "store/record.h"
 #include "store/store.h"
 #include "store/usforms.h"
+#include "textpool.h"
 
 #include <QSet>
 #include <algorithm>
@@ -40,28 +41,75 @@ int lineCount(QByteArrayView text)
     return lines;
 }
 
-// One file into its rows. `amounts` is the ledger's amount column, or -1.
+// The common amount forms read straight from the bytes: an optional "(" ... ")" or "-",
+// "$", digits with thousands commas, and up to four decimals. Anything else goes the long
+// way through the general reader, so both give the same value.
+std::optional<qint64> parseAmount(QByteArrayView text)
+{
+    if (text.isEmpty())
+        return 0;
+    QByteArrayView t = text;
+    bool negative = false;
+    if (t.size() >= 2 && t.front() == '(' && t.back() == ')') {
+        negative = true;
+        t = t.sliced(1, t.size() - 2);
+    }
+    if (!t.isEmpty() && t.front() == '-') {
+        negative = !negative;
+        t = t.sliced(1);
+    }
+    if (!t.isEmpty() && t.front() == '$')
+        t = t.sliced(1);
+    qint64 whole = 0;
+    int digits = 0, decimals = 0;
+    qint64 fraction = 0;
+    bool point = false;
+    for (char ch : t) {
+        if (ch >= '0' && ch <= '9') {
+            if (point) {
+                if (++decimals > 4)
+                    return ParseCurrency(cp1252::decode(text));
+                fraction = fraction * 10 + (ch - '0');
+            } else {
+                if (++digits > 14)
+                    return ParseCurrency(cp1252::decode(text));
+                whole = whole * 10 + (ch - '0');
+            }
+        } else if (ch == '.' && !point) {
+            point = true;
+        } else if (ch == ',' && !point) {
+        } else {
+            return ParseCurrency(cp1252::decode(text));
+        }
+    }
+    if (digits == 0 && decimals == 0)
+        return ParseCurrency(cp1252::decode(text));
+    for (int i = decimals; i < 4; ++i)
+        fraction *= 10;
+    const qint64 units = whole * 10000 + fraction;
+    return negative ? -units : units;
+}
+
+// One file into its rows. `ledger`: the last column is an amount that adds to the total.
 Status loadFile(Store& store, const QString& name, const RecordLayout& layout,
                 const FileColumns& col, const HistoryFilter& filter, QList<HistoryRow>& rows,
-                QSet<QByteArray>& accounts, HistoryView& view, bool ledger)
+                QSet<QString>& accounts, HistoryView& view, bool ledger)
 {
     Result<QByteArray> bytes = countedBytes(store, name, layout.length());
     if (!bytes)
         return bytes.status();
     const QByteArray wanted = cp1252::encode(filter.account.trimmed());
     HistoryDamage damage{name.mid(1), 0, 0};
+    TextPool accountPool, namePool, datePool, lastPool;
     ForEachRecord(layout, *bytes, [&](qsizetype recordNo, const RecordView& r) {
         const QByteArrayView account = r.trimmedBytes(col.account);
-        if (!account.isEmpty())
-            accounts.insert(account.toByteArray());
+        const QString accountText = accountPool.get(account);
         if (filter.byAccount && account != wanted)
             return;
-        const QDate date = ParseHistoryDate(r.trimmedBytes(col.date));
-        std::optional<qint64> amount = 0;
-        if (ledger) {
-            const QByteArrayView text = r.trimmedBytes(col.last);
-            amount = text.isEmpty() ? 0 : ParseCurrency(cp1252::decode(text));
-        }
+        const QByteArrayView dateText = r.trimmedBytes(col.date);
+        const QDate date = ParseHistoryDate(dateText);
+        const QByteArrayView last = r.trimmedBytes(col.last);
+        const std::optional<qint64> amount = ledger ? parseAmount(last) : 0;
         if (!date.isValid() || !amount) {
             if (damage.records++ == 0)
                 damage.firstRecord = qint32(recordNo);
@@ -70,15 +118,15 @@ Status loadFile(Store& store, const QString& name, const RecordLayout& layout,
         if (date < filter.from || date > filter.to)
             return;
         const QByteArrayView text = r.trimmedBytes(col.text);
-        HistoryRow row;
-        row.cells = {cp1252::decode(account), r.text(col.name), r.text(col.date),
-                     cp1252::decode(text), r.text(col.last)};
-        row.lines = lineCount(text);
-        rows.append(std::move(row));
+        rows.append({{accountText, namePool.get(r.trimmedBytes(col.name)),
+                      datePool.get(dateText), cp1252::decode(text), lastPool.get(last)},
+                     lineCount(text)});
         view.total += *amount;
     });
     if (damage.records > 0)
         view.damage.append(damage);
+    for (const QString& a : accountPool.texts())
+        accounts.insert(a);
     return {};
 }
 } // namespace
@@ -112,7 +160,7 @@ QDate ParseHistoryDate(QByteArrayView text)
 Result<HistoryView> LoadHistory(Store& store, const HistoryFilter& filter)
 {
     HistoryView view;
-    QSet<QByteArray> accounts;
+    QSet<QString> accounts;
     // Service: account 1, name 0, date 2, work 3, note 4 (field numbers).
     if (Status s = loadFile(store, ServiceHistoryFileName(), ServiceHistoryLayout(),
                             {ServiceHistoryField::ServiceAccount, ServiceHistoryField::ServiceName,
@@ -128,9 +176,7 @@ Result<HistoryView> LoadHistory(Store& store, const HistoryFilter& filter)
                             filter, view.ledger, accounts, view, true);
         !s)
         return s;
-    view.accounts.reserve(accounts.size());
-    for (const QByteArray& a : std::as_const(accounts))
-        view.accounts.append(cp1252::decode(a));
+    view.accounts = QStringList(accounts.cbegin(), accounts.cend());
     std::sort(view.accounts.begin(), view.accounts.end(),
               [](const QString& a, const QString& b) {
                   const int order = a.compare(b, Qt::CaseInsensitive);

@@ -180,14 +180,14 @@ void frmHistory::showDates()
     m_settingDates = false;
 }
 
-void frmHistory::fillGrid(FlexGrid* grid, const QList<HistoryRow>& rows)
+void frmHistory::fillGrid(FlexGrid* grid, QList<HistoryRow>& rows)
 {
     QList<QStringList> cells;
     cells.reserve(rows.size() + 1);
-    for (const HistoryRow& row : rows) {
-        QStringList shown = row.cells;
-        shown[3].replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-        cells.append(std::move(shown));
+    for (HistoryRow& row : rows) {
+        if (row.lines > 1)
+            row.cells[3].replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        cells.append(std::move(row.cells));
     }
     // The grid always keeps its spare row below the records.
     cells.append(QStringList(5, QString()));

@@ -58,7 +58,7 @@ signals:
 
 private:
     void showDates();
-    void fillGrid(FlexGrid* grid, const QList<HistoryRow>& rows);
+    void fillGrid(FlexGrid* grid, QList<HistoryRow>& rows);
 
     CoreContext& c;
     bool m_settingDates = false;
