@@ -181,8 +181,11 @@ void TestFirstRun::firstRunFromSplashToMenu()
     QVERIFY(!setup->isVisible());
     QVERIFY(app->startup && app->startup->isVisible());
     QCOMPARE(app->startup->windowTitle(), QString("Tresvane Dispatcher Sub Routine Menu"));
-    // No working screen exists yet: every entry is closed and says why.
-    for (QPushButton* entry : app->startup->lblSub) {
+    // An entry whose screen does not exist yet is closed and says why.
+    for (int i = 0; i < int(app->startup->lblSub.size()); ++i) {
+        QPushButton* entry = app->startup->lblSub[i];
+        if (app->EntryBuilt(i))
+            continue;
         QVERIFY(!entry->isEnabled());
         QVERIFY(!entry->toolTip().isEmpty());
     }
