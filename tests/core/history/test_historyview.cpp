@@ -40,6 +40,8 @@ private slots:
     void rowsAreTrimmedAndCountTheirLines();
     void accountListIsEveryAccountOnce();
     void unreadableRecordsAreLeftOutAndNamed();
+    void amountForms_data();
+    void amountForms();
     void missingFilesShowNothingAndWriteNothing();
     void tooManyRecordsIsReported();
     void historyDates_data();
@@ -158,6 +160,44 @@ void TestHistoryView::unreadableRecordsAreLeftOutAndNamed()
     QVERIFY(text.contains("(the first is record 2)"));
     QVERIFY(text.contains("CAHistory.txt: 1 record(s)"));
     QCOMPARE(DescribeDamage({}), QString());
+}
+
+// Each amount alone in the ledger: the total it gives, or no total when it cannot be read.
+void TestHistoryView::amountForms_data()
+{
+    QTest::addColumn<QByteArray>("amount");
+    QTest::addColumn<bool>("readable");
+    QTest::addColumn<qint64>("units");
+    QTest::newRow("dollars and cents") << QByteArray("$1,234.50") << true << qint64(12345000);
+    QTest::newRow("plain") << QByteArray("12") << true << qint64(120000);
+    QTest::newRow("four decimals") << QByteArray("0.1234") << true << qint64(1234);
+    QTest::newRow("five decimals round") << QByteArray("0.12345") << true << qint64(1235);
+    QTest::newRow("leading point") << QByteArray(".5") << true << qint64(5000);
+    QTest::newRow("parentheses") << QByteArray("($10.00)") << true << qint64(-100000);
+    QTest::newRow("minus") << QByteArray("-$3.10") << true << qint64(-31000);
+    QTest::newRow("minus in parentheses") << QByteArray("(-5)") << true << qint64(50000);
+    QTest::newRow("blank counts nothing") << QByteArray("") << true << qint64(0);
+    QTest::newRow("point alone") << QByteArray(".") << false << qint64(0);
+    QTest::newRow("minus after the sign") << QByteArray("$-5") << false << qint64(0);
+    QTest::newRow("letters") << QByteArray("12a") << false << qint64(0);
+    QTest::newRow("two points") << QByteArray("1.2.3") << false << qint64(0);
+}
+
+void TestHistoryView::amountForms()
+{
+    QFETCH(QByteArray, amount);
+    QFETCH(bool, readable);
+    QFETCH(qint64, units);
+    ProgramFolder f;
+    f.put("CAHistory.txt", LedgerRec("Ann", "A1", "01/01/2026", amount));
+    Result<HistoryView> view = LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
+    QVERIFY(view.ok());
+    QCOMPARE(view->damage.size(), readable ? 0 : 1);
+    QCOMPARE(view->ledger.size(), readable ? 1 : 0);
+    QCOMPARE(view->total, units);
+    // The stored text is shown as it is.
+    if (readable)
+        QCOMPARE(view->ledger[0].cells[4], QString::fromLatin1(amount));
 }
 
 void TestHistoryView::missingFilesShowNothingAndWriteNothing()
