@@ -23,7 +23,10 @@
 
 namespace
 {
-QByteArray field(const QByteArray& text, int width) { return text.leftJustified(width, ' ', true); }
+QByteArray field(const QByteArray& text, int width)
+{
+    return text.leftJustified(width, ' ', true);
+}
 
 // 32,767 records of 1,000 accounts over seven years; one in ten texts has two lines.
 void writeHistory(const QString& folder)
@@ -34,14 +37,15 @@ void writeHistory(const QString& folder)
         const QByteArray name = "Customer " + QByteArray::number(i % 1000);
         const QDate d = QDate(2020, 1, 1).addDays(i % 2550);
         const QByteArray date = d.toString(QStringLiteral("MM/dd/yyyy")).toLatin1();
-        const QByteArray text = i % 10 == 0 ? "Repaired the valve\r\nand the pump" : "Seasonal tune up";
+        const QByteArray text =
+            i % 10 == 0 ? "Repaired the valve\r\nand the pump" : "Seasonal tune up";
         service += field(name, 30) + field(account, 25) + field(date, 15) + field(text, 35) +
                    field("Paid", 40);
         ledger += field(name, 45) + field(account, 25) + field(date, 15) + field(text, 60) +
                   field("$" + QByteArray::number(i % 500) + ".25", 10);
     }
-    for (const auto& [name, bytes] : {std::pair{"/ServiceHistory.txt", service},
-                                      std::pair{"/CAHistory.txt", ledger}}) {
+    for (const auto& [name, bytes] :
+         {std::pair{"/ServiceHistory.txt", service}, std::pair{"/CAHistory.txt", ledger}}) {
         QFile f(folder + QString::fromLatin1(name));
         f.open(QIODevice::WriteOnly);
         f.write(bytes);

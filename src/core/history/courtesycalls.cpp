@@ -21,8 +21,7 @@ QDate parseEventDate(QByteArrayView text)
     int part = 0;
     for (char ch : text) {
         if (ch == '/') {
-            if (++part > 2)
-                return {};
+            if (++part > 2) return {};
         } else if (ch >= '0' && ch <= '9') {
             parts[part] = parts[part] * 10 + (ch - '0');
             ++digits[part];
@@ -39,12 +38,10 @@ QDate parseEventDate(QByteArrayView text)
 // A small number field: the value, or -1 when it is not a plain number.
 int smallNumber(QByteArrayView text)
 {
-    if (text.isEmpty() || text.size() > 4)
-        return -1;
+    if (text.isEmpty() || text.size() > 4) return -1;
     int n = 0;
     for (char ch : text) {
-        if (ch < '0' || ch > '9')
-            return -1;
+        if (ch < '0' || ch > '9') return -1;
         n = n * 10 + (ch - '0');
     }
     return n;
@@ -74,11 +71,9 @@ QDate CourtesyEnding(int button, const QDate& today, const QDate& current)
 
 Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, const QDate& to)
 {
-    if (Status s = CountSlipRecords(c, SlipsFileName()); !s)
-        return s;
+    if (Status s = CountSlipRecords(c, SlipsFileName()); !s) return s;
     Result<QByteArray> bytes = c.store.ReadAll(SlipsFileName());
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     bytes->resize(qsizetype(c.v.gRecordCount) * kSlipRecordLength, '\0');
 
     struct Row {
@@ -91,21 +86,19 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
     ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
         const QByteArrayView dateText = r.trimmedBytes(SlipField::EventDate);
         const QDate date = parseEventDate(dateText);
-        if (!date.isValid() || date < from || date > to)
-            return;
+        if (!date.isValid() || date < from || date > to) return;
         const int slot = smallNumber(r.trimmedBytes(SlipField::StartSlot));
         const int team = smallNumber(r.trimmedBytes(SlipField::TeamNo));
         const int key = date.year() * 1000 + date.dayOfYear();
         QString& keyText = keys[key];
-        if (keyText.isNull())
-            keyText = CourtesyDateKey(date);
-        rows.append({key,
-                     {pool.get(r.trimmedBytes(SlipField::Name)), pool.get(dateText),
-                      slot >= 1 && slot < int(c.v.TimeLabels.size()) ? c.v.TimeLabels[slot]
-                                                                     : QString(),
-                      pool.get(r.trimmedBytes(SlipField::Tel)),
-                      team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString(),
-                      pool.get(r.trimmedBytes(SlipField::Reference)), keyText}});
+        if (keyText.isNull()) keyText = CourtesyDateKey(date);
+        rows.append(
+            {key,
+             {pool.get(r.trimmedBytes(SlipField::Name)), pool.get(dateText),
+              slot >= 1 && slot < int(c.v.TimeLabels.size()) ? c.v.TimeLabels[slot] : QString(),
+              pool.get(r.trimmedBytes(SlipField::Tel)),
+              team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString(),
+              pool.get(r.trimmedBytes(SlipField::Reference)), keyText}});
     });
     std::stable_sort(rows.begin(), rows.end(),
                      [](const Row& a, const Row& b) { return a.key < b.key; });

@@ -13,7 +13,8 @@
 // both included, so the office can call the customers beforehand.
 
 // The columns of a row.
-namespace CourtesyColumn {
+namespace CourtesyColumn
+{
 enum : int {
     Name,       // trimmed Name
     EventDate,  // trimmed EventDate
@@ -29,8 +30,7 @@ enum : int {
 // The rows in date order (the file's order within a day). A start slot or team number
 // without a label or a team gives an empty cell; a record whose date cannot be read is
 // not listed. A missing Slips.txt is created empty, as opening it always did.
-Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from,
-                                             const QDate& to);
+Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, const QDate& to);
 
 // The sort key of a date: "2026120" for 30 April 2026.
 QString CourtesyDateKey(const QDate& date);

@@ -21,13 +21,10 @@ struct FileColumns {
 Result<QByteArray> countedBytes(Store& store, const QString& name, int length)
 {
     Result<qint16> count = store.RecordCount(name, length);
-    if (!count)
-        return count.status();
-    if (*count == 0)
-        return QByteArray();
+    if (!count) return count.status();
+    if (*count == 0) return QByteArray();
     Result<QByteArray> bytes = store.ReadAll(name);
-    if (!bytes)
-        return bytes;
+    if (!bytes) return bytes;
     bytes->resize(qsizetype(*count) * length, '\0');
     return bytes;
 }
@@ -36,8 +33,7 @@ int lineCount(QByteArrayView text)
 {
     int lines = 1;
     for (qsizetype i = 0; i + 1 < text.size(); ++i)
-        if (text[i] == '\r' && text[i + 1] == '\n')
-            ++lines;
+        if (text[i] == '\r' && text[i + 1] == '\n') ++lines;
     return lines;
 }
 
@@ -46,8 +42,7 @@ int lineCount(QByteArrayView text)
 // way through the general reader, so both give the same value.
 std::optional<qint64> parseAmount(QByteArrayView text)
 {
-    if (text.isEmpty())
-        return 0;
+    if (text.isEmpty()) return 0;
     QByteArrayView t = text;
     bool negative = false;
     if (t.size() >= 2 && t.front() == '(' && t.back() == ')') {
@@ -58,8 +53,7 @@ std::optional<qint64> parseAmount(QByteArrayView text)
         negative = !negative;
         t = t.sliced(1);
     }
-    if (!t.isEmpty() && t.front() == '$')
-        t = t.sliced(1);
+    if (!t.isEmpty() && t.front() == '$') t = t.sliced(1);
     qint64 whole = 0;
     int digits = 0, decimals = 0;
     qint64 fraction = 0;
@@ -67,12 +61,10 @@ std::optional<qint64> parseAmount(QByteArrayView text)
     for (char ch : t) {
         if (ch >= '0' && ch <= '9') {
             if (point) {
-                if (++decimals > 4)
-                    return ParseCurrency(cp1252::decode(text));
+                if (++decimals > 4) return ParseCurrency(cp1252::decode(text));
                 fraction = fraction * 10 + (ch - '0');
             } else {
-                if (++digits > 14)
-                    return ParseCurrency(cp1252::decode(text));
+                if (++digits > 14) return ParseCurrency(cp1252::decode(text));
                 whole = whole * 10 + (ch - '0');
             }
         } else if (ch == '.' && !point) {
@@ -82,8 +74,7 @@ std::optional<qint64> parseAmount(QByteArrayView text)
             return ParseCurrency(cp1252::decode(text));
         }
     }
-    if (digits == 0 && decimals == 0)
-        return ParseCurrency(cp1252::decode(text));
+    if (digits == 0 && decimals == 0) return ParseCurrency(cp1252::decode(text));
     for (int i = decimals; i < 4; ++i)
         fraction *= 10;
     const qint64 units = whole * 10000 + fraction;
@@ -96,35 +87,30 @@ Status loadFile(Store& store, const QString& name, const RecordLayout& layout,
                 QSet<QString>& accounts, HistoryView& view, bool ledger)
 {
     Result<QByteArray> bytes = countedBytes(store, name, layout.length());
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     const QByteArray wanted = cp1252::encode(filter.account.trimmed());
     HistoryDamage damage{name.mid(1), 0, 0};
     TextPool accountPool, namePool, datePool, lastPool;
     ForEachRecord(layout, *bytes, [&](qsizetype recordNo, const RecordView& r) {
         const QByteArrayView account = r.trimmedBytes(col.account);
         const QString accountText = accountPool.get(account);
-        if (filter.byAccount && account != wanted)
-            return;
+        if (filter.byAccount && account != wanted) return;
         const QByteArrayView dateText = r.trimmedBytes(col.date);
         const QDate date = ParseHistoryDate(dateText);
         const QByteArrayView last = r.trimmedBytes(col.last);
         const std::optional<qint64> amount = ledger ? parseAmount(last) : 0;
         if (!date.isValid() || !amount) {
-            if (damage.records++ == 0)
-                damage.firstRecord = qint32(recordNo);
+            if (damage.records++ == 0) damage.firstRecord = qint32(recordNo);
             return;
         }
-        if (date < filter.from || date > filter.to)
-            return;
+        if (date < filter.from || date > filter.to) return;
         const QByteArrayView text = r.trimmedBytes(col.text);
-        rows.append({{accountText, namePool.get(r.trimmedBytes(col.name)),
-                      datePool.get(dateText), cp1252::decode(text), lastPool.get(last)},
+        rows.append({{accountText, namePool.get(r.trimmedBytes(col.name)), datePool.get(dateText),
+                      cp1252::decode(text), lastPool.get(last)},
                      lineCount(text)});
         view.total += *amount;
     });
-    if (damage.records > 0)
-        view.damage.append(damage);
+    if (damage.records > 0) view.damage.append(damage);
     for (const QString& a : accountPool.texts())
         accounts.insert(a);
     return {};
@@ -139,8 +125,7 @@ QDate ParseHistoryDate(QByteArrayView text)
     int part = 0;
     for (char ch : text) {
         if (ch == '/') {
-            if (++part > 2)
-                return {};
+            if (++part > 2) return {};
         } else if (ch >= '0' && ch <= '9') {
             parts[part] = parts[part] * 10 + (ch - '0');
             ++digits[part];
@@ -148,12 +133,9 @@ QDate ParseHistoryDate(QByteArrayView text)
             return {};
         }
     }
-    if (part != 2 || digits[0] < 1 || digits[0] > 2 || digits[1] < 1 || digits[1] > 2)
-        return {};
-    if (digits[2] == 4)
-        return QDate(parts[2], parts[0], parts[1]);
-    if (digits[2] == 2)
-        return QDate(parts[2] + (parts[2] < 30 ? 2000 : 1900), parts[0], parts[1]);
+    if (part != 2 || digits[0] < 1 || digits[0] > 2 || digits[1] < 1 || digits[1] > 2) return {};
+    if (digits[2] == 4) return QDate(parts[2], parts[0], parts[1]);
+    if (digits[2] == 2) return QDate(parts[2] + (parts[2] < 30 ? 2000 : 1900), parts[0], parts[1]);
     return {};
 }
 
@@ -169,19 +151,18 @@ Result<HistoryView> LoadHistory(Store& store, const HistoryFilter& filter)
                             filter, view.service, accounts, view, false);
         !s)
         return s;
-    if (Status s = loadFile(store, LedgerFileName(), LedgerLayout(),
-                            {LedgerField::LedgerAccount, LedgerField::LedgerName,
-                             LedgerField::LedgerDate, LedgerField::LedgerText,
-                             LedgerField::LedgerAmount},
-                            filter, view.ledger, accounts, view, true);
+    if (Status s =
+            loadFile(store, LedgerFileName(), LedgerLayout(),
+                     {LedgerField::LedgerAccount, LedgerField::LedgerName, LedgerField::LedgerDate,
+                      LedgerField::LedgerText, LedgerField::LedgerAmount},
+                     filter, view.ledger, accounts, view, true);
         !s)
         return s;
     view.accounts = QStringList(accounts.cbegin(), accounts.cend());
-    std::sort(view.accounts.begin(), view.accounts.end(),
-              [](const QString& a, const QString& b) {
-                  const int order = a.compare(b, Qt::CaseInsensitive);
-                  return order != 0 ? order < 0 : a < b;
-              });
+    std::sort(view.accounts.begin(), view.accounts.end(), [](const QString& a, const QString& b) {
+        const int order = a.compare(b, Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : a < b;
+    });
     return view;
 }
 
@@ -199,8 +180,7 @@ QString DescribeDamage(const QList<HistoryDamage>& damage)
 
 Status PurgeAllHistory(Store& store)
 {
-    if (Status s = store.KillWithBackup(ServiceHistoryFileName()); !s)
-        return s;
+    if (Status s = store.KillWithBackup(ServiceHistoryFileName()); !s) return s;
     return store.KillWithBackup(LedgerFileName());
 }
 
@@ -210,23 +190,18 @@ Status purgeAccount(Store& store, const QString& name, const RecordLayout& layou
                     const QByteArray& account)
 {
     const QString temporary = QStringLiteral("/AccountsTemp.txt");
-    if (Status s = store.KillIfPresent(temporary); !s)
-        return s;
+    if (Status s = store.KillIfPresent(temporary); !s) return s;
     Result<QByteArray> bytes = countedBytes(store, name, layout.length());
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     QByteArray kept;
     kept.reserve(bytes->size());
     ForEachRecord(layout, *bytes, [&](qsizetype, const RecordView& r) {
-        if (r.trimmedBytes(accountField) != account)
-            kept += r.bytes();
+        if (r.trimmedBytes(accountField) != account) kept += r.bytes();
     });
-    if (Status s = store.WriteFile(temporary, kept); !s)
-        return s;
+    if (Status s = store.WriteFile(temporary, kept); !s) return s;
     // The copy in Backup goes first so that it cannot come back; the kept records then
     // replace the live file in one rename, so a crash leaves the old file or the new one.
-    if (Status s = store.KillIfPresent(QStringLiteral("/Backup") + name); !s)
-        return s;
+    if (Status s = store.KillIfPresent(QStringLiteral("/Backup") + name); !s) return s;
     return store.ReplaceFile(temporary, name);
 }
 } // namespace
@@ -238,5 +213,6 @@ Status PurgeAccountHistory(Store& store, const QString& account)
                                 ServiceHistoryField::ServiceAccount, wanted);
         !s)
         return s;
-    return purgeAccount(store, LedgerFileName(), LedgerLayout(), LedgerField::LedgerAccount, wanted);
+    return purgeAccount(store, LedgerFileName(), LedgerLayout(), LedgerField::LedgerAccount,
+                        wanted);
 }

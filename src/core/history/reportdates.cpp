@@ -31,8 +31,7 @@ QDate IncomeReportDates::SetYear(const QDate& date, int year)
 void IncomeReportDates::PickerChanged(int index, const QDate& date, const QDate& today,
                                       Dialogs& dialogs)
 {
-    if (index == 0 || index == 1)
-        DTPicker1[index] = date;
+    if (index == 0 || index == 1) DTPicker1[index] = date;
     ChangeLogic(index, today, dialogs);
 }
 
@@ -54,8 +53,7 @@ void IncomeReportDates::ChangeLogic(int index, const QDate& today, Dialogs& dial
 
 void IncomeReportDates::CheckDateRange(Dialogs& dialogs)
 {
-    if (ReportEndDate >= ReportStartDate)
-        return;
+    if (ReportEndDate >= ReportStartDate) return;
     CalendarMessage(dialogs);
     DTPicker1[1] = DTPicker1[0];
 }

@@ -17,15 +17,12 @@ class TextPool
 public:
     QString get(QByteArrayView bytes)
     {
-        if (bytes.isEmpty())
-            return {};
+        if (bytes.isEmpty()) return {};
         const std::string_view key(bytes.data(), size_t(bytes.size()));
         // Files are mostly written in runs of one account or one day.
-        if (key == m_lastKey)
-            return m_lastText;
+        if (key == m_lastKey) return m_lastText;
         auto it = m_texts.find(key);
-        if (it == m_texts.end())
-            it = m_texts.emplace(key, cp1252::decode(bytes)).first;
+        if (it == m_texts.end()) it = m_texts.emplace(key, cp1252::decode(bytes)).first;
         m_lastKey = key;
         m_lastText = it->second;
         return m_lastText;

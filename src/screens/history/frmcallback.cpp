@@ -44,10 +44,9 @@ frmCallBack::frmCallBack(CoreContext& ctx, QWidget* parent) : QWidget(parent), c
 
     fgTomorrow = new FlexGrid(this);
     fgTomorrow->setObjectName(QStringLiteral("fgTomorrow"));
-    fgTomorrow->setHeadings({QStringLiteral("Name"), QStringLiteral("Date"),
-                             QStringLiteral("Time"), QStringLiteral("Telephone"),
-                             QStringLiteral("Assigned To"), QStringLiteral("Reference"),
-                             QStringLiteral("Order")});
+    fgTomorrow->setHeadings({QStringLiteral("Name"), QStringLiteral("Date"), QStringLiteral("Time"),
+                             QStringLiteral("Telephone"), QStringLiteral("Assigned To"),
+                             QStringLiteral("Reference"), QStringLiteral("Order")});
     fgTomorrow->setColumnWidth(0, 180);
     fgTomorrow->setColumnWidth(1, 85);
     fgTomorrow->setColumnWidth(2, 75);
@@ -70,8 +69,7 @@ frmCallBack::frmCallBack(CoreContext& ctx, QWidget* parent) : QWidget(parent), c
     top->addWidget(new QLabel(QStringLiteral("Ending"), this));
     top->addWidget(DTEnding);
     for (QPushButton* b : cmdWeekly)
-        if (b)
-            top->addWidget(b);
+        if (b) top->addWidget(b);
     top->addStretch(1);
 
     auto* bottom = new QHBoxLayout;
@@ -99,8 +97,7 @@ void frmCallBack::Form_Activate()
 
 void frmCallBack::cmdWeekly_Click(int index)
 {
-    if (index != 3 && index != 5 && index != 6 && index != 7)
-        return;
+    if (index != 3 && index != 5 && index != 6 && index != 7) return;
     DTEnding->setDate(CourtesyEnding(index, c.clock.today(), DTEnding->date()));
     LoadGrid();
 }

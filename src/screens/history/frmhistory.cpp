@@ -73,8 +73,7 @@ frmHistory::frmHistory(CoreContext& ctx, QWidget* parent)
         DTPicker1[i]->setDisplayFormat(QStringLiteral("MM/dd/yyyy"));
         DTPicker1[i]->setMinimumDate(QDate(1601, 1, 1));
         connect(DTPicker1[i], &QDateEdit::dateChanged, this, [this, i] {
-            if (!m_settingDates)
-                DTPicker1_Change(i);
+            if (!m_settingDates) DTPicker1_Change(i);
         });
     }
     cmdLoad = button(QStringLiteral("&Show History"), QStringLiteral("cmdLoad"), this);
@@ -84,16 +83,16 @@ frmHistory::frmHistory(CoreContext& ctx, QWidget* parent)
         button(QStringLiteral("Purge &Account History"), QStringLiteral("cmdHistory_1"), this);
     cmdReturn = button(QStringLiteral("&Return"), QStringLiteral("cmdReturn"), this);
 
-    fgSHistory = historyGrid(QStringLiteral("fgSHistory"),
-                             {QStringLiteral("Account"), QStringLiteral("Name"),
-                              QStringLiteral("Date"), QStringLiteral("Service"),
-                              QStringLiteral("Note")},
-                             this);
-    fgHistory = historyGrid(QStringLiteral("fgHistory"),
-                            {QStringLiteral("Account"), QStringLiteral("Name"),
-                             QStringLiteral("Date"), QStringLiteral("Description"),
-                             QStringLiteral("Amount")},
-                            this);
+    fgSHistory =
+        historyGrid(QStringLiteral("fgSHistory"),
+                    {QStringLiteral("Account"), QStringLiteral("Name"), QStringLiteral("Date"),
+                     QStringLiteral("Service"), QStringLiteral("Note")},
+                    this);
+    fgHistory =
+        historyGrid(QStringLiteral("fgHistory"),
+                    {QStringLiteral("Account"), QStringLiteral("Name"), QStringLiteral("Date"),
+                     QStringLiteral("Description"), QStringLiteral("Amount")},
+                    this);
     fgHistory->grid()->setColumnAlignment(4, Qt::AlignRight | Qt::AlignVCenter);
     lblTotal = new QLabel(FormatCurrency(0), this);
     lblTotal->setObjectName(QStringLiteral("lblTotal"));
@@ -185,8 +184,7 @@ void frmHistory::fillGrid(FlexGrid* grid, QList<HistoryRow>& rows)
     QList<QStringList> cells;
     cells.reserve(rows.size() + 1);
     for (HistoryRow& row : rows) {
-        if (row.lines > 1)
-            row.cells[3].replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        if (row.lines > 1) row.cells[3].replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         cells.append(std::move(row.cells));
     }
     // The grid always keeps its spare row below the records.
@@ -194,8 +192,7 @@ void frmHistory::fillGrid(FlexGrid* grid, QList<HistoryRow>& rows)
     grid->setRows(std::move(cells));
     const int height = grid->verticalHeader()->defaultSectionSize();
     for (qsizetype i = 0; i < rows.size(); ++i)
-        if (rows[i].lines > 1)
-            grid->setRowHeight(int(i), height * rows[i].lines);
+        if (rows[i].lines > 1) grid->setRowHeight(int(i), height * rows[i].lines);
 }
 
 void frmHistory::LoadGrids()
@@ -218,8 +215,7 @@ void frmHistory::LoadGrids()
     fillGrid(fgSHistory, view->service);
     fillGrid(fgHistory, view->ledger);
     lblTotal->setText(FormatCurrency(view->total));
-    if (!view->damage.isEmpty())
-        c.dialogs.message(DescribeDamage(view->damage));
+    if (!view->damage.isEmpty()) c.dialogs.message(DescribeDamage(view->damage));
 }
 
 void frmHistory::cmdHistory_Click(int index)
@@ -231,8 +227,7 @@ void frmHistory::cmdHistory_Click(int index)
         if (!c.dialogs.ask(QStringLiteral("Are you Sure?"),
                            QStringLiteral("Confirm Purge History Files")))
             return;
-        if (Status s = PurgeAllHistory(c.store); !s)
-            c.dialogs.message(s.message());
+        if (Status s = PurgeAllHistory(c.store); !s) c.dialogs.message(s.message());
         LoadGrids();
     } else if (index == 1) {
         if (!c.dialogs.ask(QStringLiteral("Click Yes to Delete This Acctounts History"),

@@ -23,15 +23,15 @@ class frmHistory : public QWidget
 public:
     explicit frmHistory(CoreContext& ctx, QWidget* parent = nullptr);
 
-    FlexGrid* fgSHistory;  // ServiceHistory.txt
-    FlexGrid* fgHistory;   // CAHistory.txt
+    FlexGrid* fgSHistory; // ServiceHistory.txt
+    FlexGrid* fgHistory;  // CAHistory.txt
     QComboBox* cboAccounts;
-    QCheckBox* ckAccount;  // show and purge the account in cboAccounts only
+    QCheckBox* ckAccount; // show and purge the account in cboAccounts only
     std::array<QDateEdit*, 2> DTPicker1;
-    std::array<QPushButton*, 4> cmdIncome; // "&L M", "M&TD", "&YTD", "&Eternity"
+    std::array<QPushButton*, 4> cmdIncome;  // "&L M", "M&TD", "&YTD", "&Eternity"
     std::array<QPushButton*, 2> cmdHistory; // purge all accounts, purge the account
-    QPushButton* cmdLoad;   // loads the grids for the account and dates
-    QLabel* lblTotal;       // the running total of the ledger amounts shown
+    QPushButton* cmdLoad;                   // loads the grids for the account and dates
+    QLabel* lblTotal;                       // the running total of the ledger amounts shown
     QPushButton* cmdReturn;
 
     // Coming to the front: the opening dates, the account list, the grids.

@@ -35,8 +35,9 @@ inline QByteArray SlipRec(const QByteArray& name, const QByteArray& date, const 
                           const QByteArray& slot, const QByteArray& tel = "555-0100",
                           const QByteArray& reference = "No heat")
 {
-    return Fields({{"Service", 10}, {"SA120-1", 10}, {team, 2}, {"Hours", 6}, {"2", 2},
-                   {date, 10}, {slot, 2}, {reference, 30}, {"Scheduled", 20}, {"", 20},
-                   {"", 20}, {"", 10}, {"A1", 20}, {name, 30}, {"1 Main St", 35}, {"", 25},
-                   {"Easton", 20}, {"PA", 2}, {"18042", 10}, {tel, 13}});
+    return Fields({{"Service", 10},   {"SA120-1", 10}, {team, 2},         {"Hours", 6},
+                   {"2", 2},          {date, 10},      {slot, 2},         {reference, 30},
+                   {"Scheduled", 20}, {"", 20},        {"", 20},          {"", 10},
+                   {"A1", 20},        {name, 30},      {"1 Main St", 35}, {"", 25},
+                   {"Easton", 20},    {"PA", 2},       {"18042", 10},     {tel, 13}});
 }

@@ -46,9 +46,8 @@ void TestCourtesyCalls::spanInDateOrder_data()
     QTest::newRow("across the year's end; a day keeps file order")
         << QDate(2026, 4, 30) << QDate(2027, 12, 31)
         << QStringList{"Apr First", "Dec Last", "Jan Two B", "Jan Two A"};
-    QTest::newRow("both ends included")
-        << QDate(2026, 12, 31) << QDate(2027, 1, 2)
-        << QStringList{"Dec Last", "Jan Two B", "Jan Two A"};
+    QTest::newRow("both ends included") << QDate(2026, 12, 31) << QDate(2027, 1, 2)
+                                        << QStringList{"Dec Last", "Jan Two B", "Jan Two A"};
     QTest::newRow("one day") << QDate(2028, 2, 29) << QDate(2028, 2, 29) << QStringList{"Feb Leap"};
     QTest::newRow("nothing in span") << QDate(2026, 5, 1) << QDate(2026, 12, 30) << QStringList{};
     QTest::newRow("end before start") << QDate(2027, 1, 2) << QDate(2026, 1, 1) << QStringList{};
@@ -69,14 +68,16 @@ void TestCourtesyCalls::spanInDateOrder()
 
 void TestCourtesyCalls::rowCarriesHourAndTeam()
 {
-    f->put("Slips.txt", SlipRec(" Ann Smith ", "04/30/2026", "2", "12", "610-555-0199", "Leaking tap") +
-                            SlipRec("No Team", "04/30/2026", "9", "13") +
-                            SlipRec("Blank", "04/30/2026", "", "x"));
-    Result<QList<QStringList>> rows = LoadCourtesyCalls(f->ctx, QDate(2026, 4, 30), QDate(2026, 4, 30));
+    f->put("Slips.txt",
+           SlipRec(" Ann Smith ", "04/30/2026", "2", "12", "610-555-0199", "Leaking tap") +
+               SlipRec("No Team", "04/30/2026", "9", "13") +
+               SlipRec("Blank", "04/30/2026", "", "x"));
+    Result<QList<QStringList>> rows =
+        LoadCourtesyCalls(f->ctx, QDate(2026, 4, 30), QDate(2026, 4, 30));
     QVERIFY(rows.ok());
     QCOMPARE(rows->size(), 3);
-    QCOMPARE(rows->at(0), (QStringList{"Ann Smith", "04/30/2026", f->v.TimeLabels[12], "610-555-0199",
-                                       "Truck 2", "Leaking tap", "2026120"}));
+    QCOMPARE(rows->at(0), (QStringList{"Ann Smith", "04/30/2026", f->v.TimeLabels[12],
+                                       "610-555-0199", "Truck 2", "Leaking tap", "2026120"}));
     // No label and no team for numbers out of range: empty cells, not a failure.
     QCOMPARE(rows->at(1)[CourtesyColumn::Time], QString());
     QCOMPARE(rows->at(1)[CourtesyColumn::AssignedTo], QString());
@@ -87,7 +88,8 @@ void TestCourtesyCalls::rowCarriesHourAndTeam()
 void TestCourtesyCalls::missingSlipsFileComesOutEmpty()
 {
     ProgramFolder g;
-    Result<QList<QStringList>> rows = LoadCourtesyCalls(g.ctx, QDate(2026, 1, 1), QDate(2027, 1, 1));
+    Result<QList<QStringList>> rows =
+        LoadCourtesyCalls(g.ctx, QDate(2026, 1, 1), QDate(2027, 1, 1));
     QVERIFY(rows.ok());
     QVERIFY(rows->isEmpty());
     QVERIFY(g.has("Slips.txt"));
@@ -116,9 +118,11 @@ void TestCourtesyCalls::spanButtons_data()
     QTest::addColumn<QDate>("today");
     QTest::addColumn<QDate>("ending");
     const QDate current(2030, 6, 6);
-    QTest::newRow("next month from 31 January, leap") << 6 << QDate(2028, 1, 31) << QDate(2028, 2, 29);
+    QTest::newRow("next month from 31 January, leap")
+        << 6 << QDate(2028, 1, 31) << QDate(2028, 2, 29);
     QTest::newRow("next month from 31 January") << 6 << QDate(2027, 1, 31) << QDate(2027, 2, 28);
-    QTest::newRow("next quarter from 30 November") << 7 << QDate(2026, 11, 30) << QDate(2027, 2, 28);
+    QTest::newRow("next quarter from 30 November")
+        << 7 << QDate(2026, 11, 30) << QDate(2027, 2, 28);
     QTest::newRow("next year from 29 February") << 5 << QDate(2028, 2, 29) << QDate(2029, 2, 28);
     QTest::newRow("next month in December") << 6 << QDate(2026, 12, 15) << QDate(2027, 1, 15);
     QTest::newRow("load grid keeps the end") << 3 << QDate(2026, 4, 30) << current;

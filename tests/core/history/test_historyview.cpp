@@ -19,10 +19,11 @@ QStringList column(const QList<HistoryRow>& rows, int col)
 // Three accounts over a year's turn, in both files.
 void layDownHistory(ProgramFolder& f)
 {
-    f.put("ServiceHistory.txt",
-          ServiceRec("Ann Smith", "A1", "12/31/2025") + ServiceRec("Bob Jones", "B2", "01/01/2026") +
-              ServiceRec("Ann Smith", "A1", "1/15/2026", "Repair\r\nValve") +
-              ServiceRec("Cy Ames", "a1", "02/01/2026") + ServiceRec("Ann Smith", "A1", "03/01/26"));
+    f.put("ServiceHistory.txt", ServiceRec("Ann Smith", "A1", "12/31/2025") +
+                                    ServiceRec("Bob Jones", "B2", "01/01/2026") +
+                                    ServiceRec("Ann Smith", "A1", "1/15/2026", "Repair\r\nValve") +
+                                    ServiceRec("Cy Ames", "a1", "02/01/2026") +
+                                    ServiceRec("Ann Smith", "A1", "03/01/26"));
     f.put("CAHistory.txt",
           LedgerRec("Ann Smith", "A1", "12/31/2025", "$1,234.50") +
               LedgerRec("Bob Jones", "B2", "01/01/2026", "10") +
@@ -83,9 +84,8 @@ void TestHistoryView::filters_data()
     QTest::newRow("an account of no records")
         << true << QString("Z9") << y0 << y1 << QStringList{} << QStringList{} << "$0.00";
     QTest::newRow("negative total")
-        << true << QString("A1") << QDate(2026, 1, 15) << y1
-        << QStringList{"1/15/2026", "03/01/26"} << QStringList{"01/15/2026", "01/16/2026"}
-        << "($4.25)";
+        << true << QString("A1") << QDate(2026, 1, 15) << y1 << QStringList{"1/15/2026", "03/01/26"}
+        << QStringList{"01/15/2026", "01/16/2026"} << "($4.25)";
 }
 
 void TestHistoryView::filters()
@@ -112,7 +112,8 @@ void TestHistoryView::rowsAreTrimmedAndCountTheirLines()
 {
     ProgramFolder f;
     layDownHistory(f);
-    Result<HistoryView> view = LoadHistory(f.store, {true, "A1", QDate(2026, 1, 15), QDate(2026, 1, 15)});
+    Result<HistoryView> view =
+        LoadHistory(f.store, {true, "A1", QDate(2026, 1, 15), QDate(2026, 1, 15)});
     QVERIFY(view.ok());
     QCOMPARE(view->service.size(), 1);
     QCOMPARE(view->service[0].cells,
@@ -131,7 +132,8 @@ void TestHistoryView::accountListIsEveryAccountOnce()
     f.put("CAHistory.txt", f.get("CAHistory.txt") + LedgerRec("Dee", "  ", "01/01/2026", "1") +
                                LedgerRec("Eve", "C3", "01/01/2026", "1"));
     // The filter does not narrow the list.
-    Result<HistoryView> view = LoadHistory(f.store, {true, "B2", QDate(2026, 1, 1), QDate(2026, 1, 1)});
+    Result<HistoryView> view =
+        LoadHistory(f.store, {true, "B2", QDate(2026, 1, 1), QDate(2026, 1, 1)});
     QVERIFY(view.ok());
     QCOMPARE(view->accounts, (QStringList{"A1", "a1", "B2", "C3"}));
 }
@@ -142,9 +144,10 @@ void TestHistoryView::unreadableRecordsAreLeftOutAndNamed()
     f.put("ServiceHistory.txt", ServiceRec("Ann", "A1", "01/01/2026") +
                                     ServiceRec("Ann", "A1", "soon") + ServiceRec("Ann", "A1", "") +
                                     ServiceRec("Ann", "A1", "02/30/2026"));
-    f.put("CAHistory.txt", LedgerRec("Ann", "A1", "01/01/2026", "ten") +
-                               LedgerRec("Ann", "A1", "01/01/2026", "5"));
-    Result<HistoryView> view = LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
+    f.put("CAHistory.txt",
+          LedgerRec("Ann", "A1", "01/01/2026", "ten") + LedgerRec("Ann", "A1", "01/01/2026", "5"));
+    Result<HistoryView> view =
+        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
     QVERIFY(view.ok());
     QCOMPARE(view->service.size(), 1);
     QCOMPARE(view->ledger.size(), 1);
@@ -190,20 +193,21 @@ void TestHistoryView::amountForms()
     QFETCH(qint64, units);
     ProgramFolder f;
     f.put("CAHistory.txt", LedgerRec("Ann", "A1", "01/01/2026", amount));
-    Result<HistoryView> view = LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
+    Result<HistoryView> view =
+        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
     QVERIFY(view.ok());
     QCOMPARE(view->damage.size(), readable ? 0 : 1);
     QCOMPARE(view->ledger.size(), readable ? 1 : 0);
     QCOMPARE(view->total, units);
     // The stored text is shown as it is.
-    if (readable)
-        QCOMPARE(view->ledger[0].cells[4], QString::fromLatin1(amount));
+    if (readable) QCOMPARE(view->ledger[0].cells[4], QString::fromLatin1(amount));
 }
 
 void TestHistoryView::missingFilesShowNothingAndWriteNothing()
 {
     ProgramFolder f;
-    Result<HistoryView> view = LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
+    Result<HistoryView> view =
+        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
     QVERIFY(view.ok());
     QVERIFY(view->service.isEmpty() && view->ledger.isEmpty() && view->accounts.isEmpty());
     QCOMPARE(f.snapshot().size(), 0);
@@ -220,7 +224,8 @@ void TestHistoryView::tooManyRecordsIsReported()
 {
     ProgramFolder f;
     f.put("ServiceHistory.txt", ServiceRec("Ann", "A1", "01/01/2026").repeated(32768));
-    Result<HistoryView> view = LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
+    Result<HistoryView> view =
+        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
     QVERIFY(!view.ok());
     QVERIFY2(view.message().contains("ServiceHistory.txt"), qPrintable(view.message()));
 }
@@ -270,8 +275,8 @@ void TestHistoryView::purgeAccountKeepsTheOthersInOrder()
     f.put("Backup/ServiceHistory.txt", "old");
     f.put("AccountsTemp.txt", "stale");
     QVERIFY(PurgeAccountHistory(f.store, "  A1 ").ok());
-    QCOMPARE(f.get("ServiceHistory.txt"),
-             ServiceRec("Bob Jones", "B2", "01/01/2026") + ServiceRec("Cy Ames", "a1", "02/01/2026"));
+    QCOMPARE(f.get("ServiceHistory.txt"), ServiceRec("Bob Jones", "B2", "01/01/2026") +
+                                              ServiceRec("Cy Ames", "a1", "02/01/2026"));
     QCOMPARE(f.get("CAHistory.txt"), LedgerRec("Bob Jones", "B2", "01/01/2026", "10"));
     QVERIFY(!f.has("Backup/ServiceHistory.txt"));
     QVERIFY(!f.has("AccountsTemp.txt"));
@@ -287,7 +292,8 @@ void TestHistoryView::purgeAccountKeepsTheOthersInOrder()
 void TestHistoryView::purgeAccountOfAMissingFileLeavesAnEmptyOne()
 {
     ProgramFolder f;
-    f.put("CAHistory.txt", LedgerRec("Ann", "A1", "01/01/2026", "5") + LedgerRec("Bob", "B2", "01/01/2026", "6"));
+    f.put("CAHistory.txt",
+          LedgerRec("Ann", "A1", "01/01/2026", "5") + LedgerRec("Bob", "B2", "01/01/2026", "6"));
     QVERIFY(PurgeAccountHistory(f.store, "A1").ok());
     QVERIFY(f.has("ServiceHistory.txt"));
     QCOMPARE(f.get("ServiceHistory.txt"), QByteArray());

@@ -58,23 +58,23 @@ void TestReportDates::presets_data()
     QTest::newRow("last month on the 31st meets the opening start")
         << QDate(2025, 3, 31) << none << 0 << QDate(2025, 2, 1) << QDate(2025, 2, 1) << 1;
     QTest::newRow("last month after a later start chosen by hand")
-        << QDate(2026, 4, 30) << QDate(2026, 4, 20) << 0 << QDate(2026, 3, 1)
-        << QDate(2026, 3, 1) << 1;
+        << QDate(2026, 4, 30) << QDate(2026, 4, 20) << 0 << QDate(2026, 3, 1) << QDate(2026, 3, 1)
+        << 1;
     QTest::newRow("this month on its last day")
         << QDate(2026, 4, 30) << none << 1 << QDate(2026, 4, 1) << QDate(2026, 4, 30) << 0;
     QTest::newRow("this month from a start on the 31st of another month")
-        << QDate(2026, 4, 10) << QDate(2026, 3, 31) << 1 << QDate(2026, 4, 1)
-        << QDate(2026, 4, 10) << 0;
+        << QDate(2026, 4, 10) << QDate(2026, 3, 31) << 1 << QDate(2026, 4, 1) << QDate(2026, 4, 10)
+        << 0;
     QTest::newRow("this year on 29 February")
         << QDate(2024, 2, 29) << none << 2 << QDate(2024, 1, 1) << QDate(2024, 2, 29) << 0;
     QTest::newRow("this year from a start on 29 February of a leap year")
-        << QDate(2025, 6, 1) << QDate(2024, 2, 29) << 2 << QDate(2025, 1, 1)
-        << QDate(2025, 6, 1) << 0;
+        << QDate(2025, 6, 1) << QDate(2024, 2, 29) << 2 << QDate(2025, 1, 1) << QDate(2025, 6, 1)
+        << 0;
     QTest::newRow("eternity starts in 1990")
         << QDate(2026, 4, 30) << none << 3 << QDate(1990, 1, 1) << QDate(2026, 4, 30) << 0;
     QTest::newRow("eternity from a start on 29 February")
-        << QDate(2026, 4, 30) << QDate(2024, 2, 29) << 3 << QDate(1990, 1, 1)
-        << QDate(2026, 4, 30) << 0;
+        << QDate(2026, 4, 30) << QDate(2024, 2, 29) << 3 << QDate(1990, 1, 1) << QDate(2026, 4, 30)
+        << 0;
 }
 
 void TestReportDates::presets()
@@ -101,8 +101,7 @@ void TestReportDates::presets()
     VERIFY_DIALOGS(dialogs);
     // The report's start never follows a preset; its end does, up to the range check.
     QCOMPARE(d.ReportStartDate, chosenStart.isValid() ? chosenStart : today.addDays(-30));
-    if (messages == 0)
-        QCOMPARE(d.ReportEndDate, last);
+    if (messages == 0) QCOMPARE(d.ReportEndDate, last);
 }
 
 void TestReportDates::presetOutsideTheArrayDoesNothing()
@@ -137,20 +136,19 @@ void TestReportDates::pickerChanges_data()
         << QList<int>{1} << QList<QDate>{QDate(2026, 5, 1)} << opening0 << today << opening0
         << today << 1 << 1;
     QTest::newRow("first date tomorrow falls back to today")
-        << QList<int>{0} << QList<QDate>{QDate(2026, 5, 1)} << today << today << opening0
-        << today << 1 << 1;
+        << QList<int>{0} << QList<QDate>{QDate(2026, 5, 1)} << today << today << opening0 << today
+        << 1 << 1;
     QTest::newRow("today itself is taken")
         << QList<int>{0} << QList<QDate>{today} << today << today << today << today << 0 << 0;
     QTest::newRow("first date after the last moves the last to it")
         << QList<int>{1, 0} << QList<QDate>{QDate(2026, 4, 10), QDate(2026, 4, 20)}
-        << QDate(2026, 4, 20) << QDate(2026, 4, 20) << QDate(2026, 4, 20)
-        << QDate(2026, 4, 10) << 1 << 0;
+        << QDate(2026, 4, 20) << QDate(2026, 4, 20) << QDate(2026, 4, 20) << QDate(2026, 4, 10) << 1
+        << 0;
     QTest::newRow("last date before the first falls to the first")
         << QList<int>{1} << QList<QDate>{QDate(2026, 3, 1)} << opening0 << opening0 << opening0
         << QDate(2026, 3, 1) << 1 << 0;
-    QTest::newRow("equal dates are a range")
-        << QList<int>{1} << QList<QDate>{opening0} << opening0 << opening0 << opening0
-        << opening0 << 0 << 0;
+    QTest::newRow("equal dates are a range") << QList<int>{1} << QList<QDate>{opening0} << opening0
+                                             << opening0 << opening0 << opening0 << 0 << 0;
     QTest::newRow("another index only checks the range")
         << QList<int>{2} << QList<QDate>{QDate(2030, 1, 1)} << opening0 << today << opening0
         << today << 0 << 0;
@@ -180,8 +178,7 @@ void TestReportDates::pickerChanges()
     QCOMPARE(d.ReportEndDate, reportEnd);
     QCOMPARE(dialogs.beeps, beeps);
     VERIFY_DIALOGS(dialogs);
-    if (messages > 0)
-        QCOMPARE(dialogs.titles.value(0), QString()); // no title of its own
+    if (messages > 0) QCOMPARE(dialogs.titles.value(0), QString()); // no title of its own
 }
 
 void TestReportDates::datePartsFallBackToTheMonthsLastDay_data()
@@ -191,11 +188,14 @@ void TestReportDates::datePartsFallBackToTheMonthsLastDay_data()
     QTest::addColumn<int>("value");
     QTest::addColumn<QDate>("expected");
 
-    QTest::newRow("31 January to February, leap") << QDate(2024, 1, 31) << 'm' << 2 << QDate(2024, 2, 29);
+    QTest::newRow("31 January to February, leap")
+        << QDate(2024, 1, 31) << 'm' << 2 << QDate(2024, 2, 29);
     QTest::newRow("31 January to February") << QDate(2025, 1, 31) << 'm' << 2 << QDate(2025, 2, 28);
     QTest::newRow("31 March to April") << QDate(2025, 3, 31) << 'm' << 4 << QDate(2025, 4, 30);
-    QTest::newRow("29 February to a common year") << QDate(2024, 2, 29) << 'y' << 2025 << QDate(2025, 2, 28);
-    QTest::newRow("29 February to a leap year") << QDate(2024, 2, 29) << 'y' << 2028 << QDate(2028, 2, 29);
+    QTest::newRow("29 February to a common year")
+        << QDate(2024, 2, 29) << 'y' << 2025 << QDate(2025, 2, 28);
+    QTest::newRow("29 February to a leap year")
+        << QDate(2024, 2, 29) << 'y' << 2028 << QDate(2028, 2, 29);
     QTest::newRow("day 31 in April") << QDate(2025, 4, 5) << 'd' << 31 << QDate(2025, 4, 30);
     QTest::newRow("day 1") << QDate(2025, 4, 5) << 'd' << 1 << QDate(2025, 4, 1);
 }

@@ -163,7 +163,8 @@ void TestHistoryScreens::purgeAnswers()
         f.dialogs.expect("Click Yes to Delete All History Records", "Purge History Files",
                          first ? A::Yes : A::No);
         if (first)
-            f.dialogs.expect("Are you Sure?", "Confirm Purge History Files", second ? A::Yes : A::No);
+            f.dialogs.expect("Are you Sure?", "Confirm Purge History Files",
+                             second ? A::Yes : A::No);
     } else {
         f.dialogs.expect("Click Yes to Delete This Acctounts History", "Purge Account History",
                          first ? A::Yes : A::No);
