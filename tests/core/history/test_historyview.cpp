@@ -8,6 +8,8 @@
 
 namespace
 {
+const QDate kEver(1990, 1, 1), kNever(2030, 1, 1);
+
 QStringList column(const QList<HistoryRow>& rows, int col)
 {
     QStringList out;
@@ -16,8 +18,8 @@ QStringList column(const QList<HistoryRow>& rows, int col)
     return out;
 }
 
-// Three accounts over a year's turn, in both files.
-void layDownHistory(ProgramFolder& f)
+// Three accounts ("A1" and "a1" differ) over a year's turn, in both files.
+void layDownHistory(const ProgramFolder& f)
 {
     f.put("ServiceHistory.txt", ServiceRec("Ann Smith", "A1", "12/31/2025") +
                                     ServiceRec("Bob Jones", "B2", "01/01/2026") +
@@ -38,18 +40,11 @@ class TestHistoryView : public QObject
 private slots:
     void filters_data();
     void filters();
-    void rowsAreTrimmedAndCountTheirLines();
-    void accountListIsEveryAccountOnce();
-    void unreadableRecordsAreLeftOutAndNamed();
+    void rowsAccountsAndDamage();
     void amountForms_data();
     void amountForms();
-    void missingFilesShowNothingAndWriteNothing();
-    void tooManyRecordsIsReported();
-    void historyDates_data();
-    void historyDates();
-    void purgeAllRemovesBothFilesAndTheirBackups();
-    void purgeAccountKeepsTheOthersInOrder();
-    void purgeAccountOfAMissingFileLeavesAnEmptyOne();
+    void missingAndOversizedFiles();
+    void purges();
 };
 
 void TestHistoryView::filters_data()
@@ -62,30 +57,26 @@ void TestHistoryView::filters_data()
     QTest::addColumn<QStringList>("ledgerDates");
     QTest::addColumn<QString>("total");
 
-    const QDate y0(1990, 1, 1), y1(2030, 1, 1);
-    QTest::newRow("all accounts, all dates")
-        << false << QString() << y0 << y1
+    QTest::newRow("all accounts, all dates; two-digit year")
+        << false << QString() << kEver << kNever
         << QStringList{"12/31/2025", "01/01/2026", "1/15/2026", "02/01/2026", "03/01/26"}
         << QStringList{"12/31/2025", "01/01/2026", "01/15/2026", "01/16/2026"} << "$1,240.25";
-    QTest::newRow("one account, typed with blanks; case counts")
-        << true << QString(" A1  ") << y0 << y1
+    QTest::newRow("one account typed with blanks; case counts")
+        << true << QString(" A1  ") << kEver << kNever
         << QStringList{"12/31/2025", "1/15/2026", "03/01/26"}
         << QStringList{"12/31/2025", "01/15/2026", "01/16/2026"} << "$1,230.25";
-    QTest::newRow("an account's text without the tick filters nothing")
+    QTest::newRow("an account without the tick filters nothing")
         << false << QString("B2") << QDate(2026, 1, 1) << QDate(2026, 1, 1)
         << QStringList{"01/01/2026"} << QStringList{"01/01/2026"} << "$10.00";
     QTest::newRow("both ends included")
         << false << QString() << QDate(2025, 12, 31) << QDate(2026, 1, 15)
         << QStringList{"12/31/2025", "01/01/2026", "1/15/2026"}
         << QStringList{"12/31/2025", "01/01/2026", "01/15/2026"} << "$1,240.25";
-    QTest::newRow("a day between records")
-        << false << QString() << QDate(2026, 1, 2) << QDate(2026, 1, 14) << QStringList{}
-        << QStringList{} << "$0.00";
+    QTest::newRow("negative total") << true << QString("A1") << QDate(2026, 1, 15) << kNever
+                                    << QStringList{"1/15/2026", "03/01/26"}
+                                    << QStringList{"01/15/2026", "01/16/2026"} << "($4.25)";
     QTest::newRow("an account of no records")
-        << true << QString("Z9") << y0 << y1 << QStringList{} << QStringList{} << "$0.00";
-    QTest::newRow("negative total")
-        << true << QString("A1") << QDate(2026, 1, 15) << y1 << QStringList{"1/15/2026", "03/01/26"}
-        << QStringList{"01/15/2026", "01/16/2026"} << "($4.25)";
+        << true << QString("Z9") << kEver << kNever << QStringList{} << QStringList{} << "$0.00";
 }
 
 void TestHistoryView::filters()
@@ -106,74 +97,41 @@ void TestHistoryView::filters()
     QCOMPARE(column(view->ledger, 2), ledgerDates);
     QCOMPARE(FormatCurrency(view->total), total);
     QVERIFY(view->damage.isEmpty());
+    // The account list is every account of both files, whatever the filter.
+    QCOMPARE(view->accounts, (QStringList{"A1", "a1", "B2"}));
 }
 
-void TestHistoryView::rowsAreTrimmedAndCountTheirLines()
+void TestHistoryView::rowsAccountsAndDamage()
 {
     ProgramFolder f;
     layDownHistory(f);
     Result<HistoryView> view =
         LoadHistory(f.store, {true, "A1", QDate(2026, 1, 15), QDate(2026, 1, 15)});
-    QVERIFY(view.ok());
-    QCOMPARE(view->service.size(), 1);
-    QCOMPARE(view->service[0].cells,
+    QCOMPARE(view->service.value(0).cells,
              (QStringList{"A1", "Ann Smith", "1/15/2026", "Repair\r\nValve", ""}));
-    QCOMPARE(view->service[0].lines, 2);
-    QCOMPARE(view->ledger.size(), 1);
-    QCOMPARE(view->ledger[0].cells,
-             (QStringList{"A1", "Ann Smith", "01/15/2026", "Credit\r\nfor a\r\nvisit", "($4.25)"}));
-    QCOMPARE(view->ledger[0].lines, 3);
-}
+    QCOMPARE(view->service.value(0).lines, 2);
+    QCOMPARE(view->ledger.value(0).cells[4], QString("($4.25)"));
+    QCOMPARE(view->ledger.value(0).lines, 3);
 
-void TestHistoryView::accountListIsEveryAccountOnce()
-{
-    ProgramFolder f;
-    layDownHistory(f);
-    f.put("CAHistory.txt", f.get("CAHistory.txt") + LedgerRec("Dee", "  ", "01/01/2026", "1") +
-                               LedgerRec("Eve", "C3", "01/01/2026", "1"));
-    // The filter does not narrow the list.
-    Result<HistoryView> view =
-        LoadHistory(f.store, {true, "B2", QDate(2026, 1, 1), QDate(2026, 1, 1)});
-    QVERIFY(view.ok());
-    QCOMPARE(view->accounts, (QStringList{"A1", "a1", "B2", "C3"}));
-}
-
-void TestHistoryView::unreadableRecordsAreLeftOutAndNamed()
-{
-    ProgramFolder f;
+    // Unreadable dates (and a blank or impossible one) are left out and named once a file.
     f.put("ServiceHistory.txt", ServiceRec("Ann", "A1", "01/01/2026") +
                                     ServiceRec("Ann", "A1", "soon") + ServiceRec("Ann", "A1", "") +
-                                    ServiceRec("Ann", "A1", "02/30/2026"));
-    f.put("CAHistory.txt",
-          LedgerRec("Ann", "A1", "01/01/2026", "ten") + LedgerRec("Ann", "A1", "01/01/2026", "5"));
-    Result<HistoryView> view =
-        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
-    QVERIFY(view.ok());
+                                    ServiceRec("Ann", "A1", "02/29/2025"));
+    f.put("CAHistory.txt", LedgerRec("Ann", "  ", "01/01/2026", "5"));
+    view = LoadHistory(f.store, {false, {}, kEver, kNever});
     QCOMPARE(view->service.size(), 1);
-    QCOMPARE(view->ledger.size(), 1);
-    QCOMPARE(view->total, qint64(50000));
-    QCOMPARE(view->damage.size(), 2);
-    QCOMPARE(view->damage[0].file, QString("ServiceHistory.txt"));
-    QCOMPARE(view->damage[0].records, 3);
-    QCOMPARE(view->damage[0].firstRecord, 2);
-    QCOMPARE(view->damage[1].file, QString("CAHistory.txt"));
-    QCOMPARE(view->damage[1].firstRecord, 1);
-    const QString text = DescribeDamage(view->damage);
-    QVERIFY(text.contains("ServiceHistory.txt: 3 record(s)"));
-    QVERIFY(text.contains("(the first is record 2)"));
-    QVERIFY(text.contains("CAHistory.txt: 1 record(s)"));
-    QCOMPARE(DescribeDamage({}), QString());
+    QCOMPARE(view->accounts, QStringList{"A1"}); // a blank account is not listed
+    QCOMPARE(DescribeDamage(view->damage),
+             QString("ServiceHistory.txt: 3 record(s) with a date or amount that cannot be read "
+                     "are not shown (the first is record 2)."));
 }
 
-// Each amount alone in the ledger: the total it gives, or no total when it cannot be read.
 void TestHistoryView::amountForms_data()
 {
     QTest::addColumn<QByteArray>("amount");
     QTest::addColumn<bool>("readable");
     QTest::addColumn<qint64>("units");
     QTest::newRow("dollars and cents") << QByteArray("$1,234.50") << true << qint64(12345000);
-    QTest::newRow("plain") << QByteArray("12") << true << qint64(120000);
-    QTest::newRow("four decimals") << QByteArray("0.1234") << true << qint64(1234);
     QTest::newRow("five decimals round") << QByteArray("0.12345") << true << qint64(1235);
     QTest::newRow("leading point") << QByteArray(".5") << true << qint64(5000);
     QTest::newRow("parentheses") << QByteArray("($10.00)") << true << qint64(-100000);
@@ -182,7 +140,6 @@ void TestHistoryView::amountForms_data()
     QTest::newRow("blank counts nothing") << QByteArray("") << true << qint64(0);
     QTest::newRow("point alone") << QByteArray(".") << false << qint64(0);
     QTest::newRow("minus after the sign") << QByteArray("$-5") << false << qint64(0);
-    QTest::newRow("letters") << QByteArray("12a") << false << qint64(0);
     QTest::newRow("two points") << QByteArray("1.2.3") << false << qint64(0);
 }
 
@@ -193,82 +150,28 @@ void TestHistoryView::amountForms()
     QFETCH(qint64, units);
     ProgramFolder f;
     f.put("CAHistory.txt", LedgerRec("Ann", "A1", "01/01/2026", amount));
-    Result<HistoryView> view =
-        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
-    QVERIFY(view.ok());
+    Result<HistoryView> view = LoadHistory(f.store, {false, {}, kEver, kNever});
     QCOMPARE(view->damage.size(), readable ? 0 : 1);
     QCOMPARE(view->ledger.size(), readable ? 1 : 0);
     QCOMPARE(view->total, units);
-    // The stored text is shown as it is.
-    if (readable) QCOMPARE(view->ledger[0].cells[4], QString::fromLatin1(amount));
 }
 
-void TestHistoryView::missingFilesShowNothingAndWriteNothing()
+void TestHistoryView::missingAndOversizedFiles()
 {
     ProgramFolder f;
-    Result<HistoryView> view =
-        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
-    QVERIFY(view.ok());
-    QVERIFY(view->service.isEmpty() && view->ledger.isEmpty() && view->accounts.isEmpty());
+    QVERIFY(LoadHistory(f.store, {false, {}, kEver, kNever})->ledger.isEmpty());
     QCOMPARE(f.snapshot().size(), 0);
-
     // A file lost from the folder comes back from Backup before it is read.
     f.put("Backup/CAHistory.txt", LedgerRec("Ann", "A1", "01/01/2026", "5"));
-    view = LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
-    QVERIFY(view.ok());
-    QCOMPARE(view->ledger.size(), 1);
-    QVERIFY(f.has("CAHistory.txt"));
-}
-
-void TestHistoryView::tooManyRecordsIsReported()
-{
-    ProgramFolder f;
+    QCOMPARE(LoadHistory(f.store, {false, {}, kEver, kNever})->ledger.size(), 1);
+    // Past 32,767 records the count cannot hold them: told, naming the file.
     f.put("ServiceHistory.txt", ServiceRec("Ann", "A1", "01/01/2026").repeated(32768));
-    Result<HistoryView> view =
-        LoadHistory(f.store, {false, {}, QDate(1990, 1, 1), QDate(2030, 1, 1)});
+    Result<HistoryView> view = LoadHistory(f.store, {false, {}, kEver, kNever});
     QVERIFY(!view.ok());
     QVERIFY2(view.message().contains("ServiceHistory.txt"), qPrintable(view.message()));
 }
 
-void TestHistoryView::historyDates_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QDate>("date");
-    QTest::newRow("mm/dd/yyyy") << QByteArray("04/30/2026") << QDate(2026, 4, 30);
-    QTest::newRow("m/d/yyyy") << QByteArray("4/3/2026") << QDate(2026, 4, 3);
-    QTest::newRow("29 February of a leap year") << QByteArray("02/29/2024") << QDate(2024, 2, 29);
-    QTest::newRow("29 February of a common year") << QByteArray("02/29/2025") << QDate();
-    QTest::newRow("two-digit year 29") << QByteArray("1/1/29") << QDate(2029, 1, 1);
-    QTest::newRow("two-digit year 30") << QByteArray("1/1/30") << QDate(1930, 1, 1);
-    QTest::newRow("three-digit year") << QByteArray("1/1/202") << QDate();
-    QTest::newRow("month 13") << QByteArray("13/01/2026") << QDate();
-    QTest::newRow("dashes") << QByteArray("04-30-2026") << QDate();
-    QTest::newRow("zero bytes") << QByteArray(10, '\0') << QDate();
-    QTest::newRow("empty") << QByteArray() << QDate();
-}
-
-void TestHistoryView::historyDates()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(QDate, date);
-    QCOMPARE(ParseHistoryDate(text), date);
-}
-
-void TestHistoryView::purgeAllRemovesBothFilesAndTheirBackups()
-{
-    ProgramFolder f;
-    layDownHistory(f);
-    f.put("Backup/ServiceHistory.txt", "old");
-    f.put("Backup/CAHistory.txt", "old");
-    f.put("Slips.txt", "keep");
-    QVERIFY(PurgeAllHistory(f.store).ok());
-    const QMap<QString, QByteArray> left = f.snapshot();
-    QCOMPARE(left.keys(), QStringList{"Slips.txt"});
-    // Nothing there is nothing to do.
-    QVERIFY(PurgeAllHistory(f.store).ok());
-}
-
-void TestHistoryView::purgeAccountKeepsTheOthersInOrder()
+void TestHistoryView::purges()
 {
     ProgramFolder f;
     layDownHistory(f);
@@ -280,24 +183,15 @@ void TestHistoryView::purgeAccountKeepsTheOthersInOrder()
     QCOMPARE(f.get("CAHistory.txt"), LedgerRec("Bob Jones", "B2", "01/01/2026", "10"));
     QVERIFY(!f.has("Backup/ServiceHistory.txt"));
     QVERIFY(!f.has("AccountsTemp.txt"));
-
-    // The last account goes: the files stay, empty.
+    // The last account goes: the file stays, empty; a missing file comes out empty too.
     QVERIFY(PurgeAccountHistory(f.store, "B2").ok());
-    QVERIFY(PurgeAccountHistory(f.store, "a1").ok());
-    QCOMPARE(f.get("ServiceHistory.txt"), QByteArray());
-    QVERIFY(f.has("ServiceHistory.txt"));
     QCOMPARE(f.get("CAHistory.txt"), QByteArray());
-}
-
-void TestHistoryView::purgeAccountOfAMissingFileLeavesAnEmptyOne()
-{
-    ProgramFolder f;
-    f.put("CAHistory.txt",
-          LedgerRec("Ann", "A1", "01/01/2026", "5") + LedgerRec("Bob", "B2", "01/01/2026", "6"));
+    f.put("Backup/CAHistory.txt", "old");
+    QVERIFY(PurgeAllHistory(f.store).ok());
+    f.put("Slips.txt", "keep");
+    QCOMPARE(f.snapshot().keys(), QStringList{"Slips.txt"});
     QVERIFY(PurgeAccountHistory(f.store, "A1").ok());
-    QVERIFY(f.has("ServiceHistory.txt"));
-    QCOMPARE(f.get("ServiceHistory.txt"), QByteArray());
-    QCOMPARE(f.get("CAHistory.txt"), LedgerRec("Bob", "B2", "01/01/2026", "6"));
+    QVERIFY(f.has("ServiceHistory.txt") && f.get("ServiceHistory.txt").isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestHistoryView)
