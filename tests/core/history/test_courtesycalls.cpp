@@ -12,8 +12,6 @@ private slots:
     void spanInDateOrder_data();
     void spanInDateOrder();
     void rowCells();
-    void spanButtons_data();
-    void spanButtons();
 };
 
 void TestCourtesyCalls::spanInDateOrder_data()
@@ -26,8 +24,6 @@ void TestCourtesyCalls::spanInDateOrder_data()
         << QStringList{"Apr First", "Dec Last", "Jan Two B", "Jan Two A"};
     QTest::newRow("both ends included") << QDate(2026, 12, 31) << QDate(2027, 1, 2)
                                         << QStringList{"Dec Last", "Jan Two B", "Jan Two A"};
-    QTest::newRow("29 February") << QDate(2028, 2, 29) << QDate(2028, 2, 29)
-                                 << QStringList{"Feb Leap"};
     QTest::newRow("end before start") << QDate(2027, 1, 2) << QDate(2026, 1, 1) << QStringList{};
 }
 
@@ -69,26 +65,6 @@ void TestCourtesyCalls::rowCells()
         QCOMPARE(rows.value(i).value(CourtesyColumn::Time), QString());
         QCOMPARE(rows.value(i).value(CourtesyColumn::AssignedTo), QString());
     }
-}
-
-void TestCourtesyCalls::spanButtons_data()
-{
-    QTest::addColumn<int>("button");
-    QTest::addColumn<QDate>("today");
-    QTest::addColumn<QDate>("ending");
-    QTest::newRow("month from 31 January, leap") << 6 << QDate(2028, 1, 31) << QDate(2028, 2, 29);
-    QTest::newRow("month from 31 January") << 6 << QDate(2027, 1, 31) << QDate(2027, 2, 28);
-    QTest::newRow("quarter from 30 November") << 7 << QDate(2026, 11, 30) << QDate(2027, 2, 28);
-    QTest::newRow("year from 29 February") << 5 << QDate(2028, 2, 29) << QDate(2029, 2, 28);
-    QTest::newRow("load grid keeps the end") << 3 << QDate(2026, 4, 30) << QDate(2030, 6, 6);
-}
-
-void TestCourtesyCalls::spanButtons()
-{
-    QFETCH(int, button);
-    QFETCH(QDate, today);
-    QFETCH(QDate, ending);
-    QCOMPARE(CourtesyEnding(button, today, QDate(2030, 6, 6)), ending);
 }
 
 QTEST_GUILESS_MAIN(TestCourtesyCalls)
