@@ -94,9 +94,9 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
         if (keyText.isNull()) keyText = CourtesyDateKey(date);
         rows.append(
             {key,
-             {pool.get(r.trimmedBytes(SlipField::Name)), pool.get(dateText),
+             {r.text(SlipField::Name), pool.get(dateText),
               slot >= 1 && slot < int(c.v.TimeLabels.size()) ? c.v.TimeLabels[slot] : QString(),
-              pool.get(r.trimmedBytes(SlipField::Tel)),
+              r.text(SlipField::Tel),
               team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString(),
               pool.get(r.trimmedBytes(SlipField::Reference)), keyText}});
     });

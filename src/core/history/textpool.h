@@ -20,12 +20,12 @@ public:
         if (bytes.isEmpty()) return {};
         const std::string_view key(bytes.data(), size_t(bytes.size()));
         // Files are mostly written in runs of one account or one day.
-        if (key == m_lastKey) return m_lastText;
+        if (m_last && key == m_lastKey) return *m_last;
         auto it = m_texts.find(key);
         if (it == m_texts.end()) it = m_texts.emplace(key, cp1252::decode(bytes)).first;
         m_lastKey = key;
-        m_lastText = it->second;
-        return m_lastText;
+        m_last = &it->second; // nodes stay where they are as the table grows
+        return *m_last;
     }
 
     // Every distinct text seen, in no particular order.
@@ -41,5 +41,5 @@ public:
 private:
     std::unordered_map<std::string_view, QString> m_texts;
     std::string_view m_lastKey;
-    QString m_lastText;
+    const QString* m_last = nullptr;
 };
