@@ -161,7 +161,6 @@ void frmCustomer::buildButtons()
     imgDialer = button(QStringLiteral("&Dial"), QStringLiteral("imgDialer"));
     imgDialer->setEnabled(false);
     cmdHistory = button(QStringLiteral("Service &History"), QStringLiteral("cmdHistory"));
-    cmdHistory->setEnabled(false);
 
     menuBar = new QMenuBar(this);
     menuBar->setObjectName(QStringLiteral("menuBar"));
@@ -283,6 +282,9 @@ void frmCustomer::wireBoxes()
     connect(cmdCustomer[0], &QPushButton::clicked, this, &frmCustomer::cmdCancelNew_Click);
     connect(cmdCustomer[1], &QPushButton::clicked, this, &frmCustomer::cmdSelect_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmCustomer::cmdExit_Click);
+    connect(cmdHistory, &QPushButton::clicked, this, [this] {
+        emit showHistory(txtCustomer[CustomerBox::AccountNo]->text());
+    });
     connect(mnuAdd, &QAction::triggered, this, &frmCustomer::mnuAdd_Click);
     connect(mnuAux, &QAction::triggered, this, &frmCustomer::mnuAux_Click);
     connect(mnuDelete, &QAction::triggered, this, &frmCustomer::mnuDelete_Click);

@@ -50,8 +50,8 @@ public:
     // 0 search panel, 1 name list, 2 back from the name list, 3 the complete list.
     std::array<QPushButton*, 4> Command1{};
     QComboBox* cboAccounts;
-    // The places of the stored-call panel, the dialer and the service history: they come
-    // with the telephony and history screens.
+    // The places of the stored-call panel and the dialer, which come with the telephony
+    // screens, and the service history of the account.
     QFrame* fraCallBack;
     QPushButton* imgDialer;
     QPushButton* cmdHistory;
@@ -108,6 +108,8 @@ signals:
     // The select button with a good save: the routine of Mode goes on with the customer
     // published in the shared texts.
     void customerSelected();
+    // The service history of the account on the screen, shown over this screen.
+    void showHistory(const QString& account);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -3,6 +3,8 @@
 #include "customers/frmcustomer.h"
 
 #include "frmsplash.h"
+#include "history/frmcallback.h"
+#include "history/frmhistory.h"
 #include "frmstartup.h"
 #include "schedule/dayfiles.h"
 #include "setup/setupdata.h"
@@ -158,6 +160,8 @@ bool App::EntryBuilt(int index) const
     case MenuEntry::DailyWorkSchedules:
     case MenuEntry::ServiceInvoices:
     case MenuEntry::StoredSlips:
+    case MenuEntry::PlaceReminderCalls:
+    case MenuEntry::ServiceHistory:
         return true;
     default:
         return false;
@@ -196,6 +200,22 @@ void App::OpenEntry(int index)
         Bring(screen);
         break;
     }
+    case MenuEntry::PlaceReminderCalls:
+        if (!callBack) {
+            callBack = new frmCallBack(ctx);
+            Adopt(callBack);
+            connect(callBack, &frmCallBack::showMenu, this, &App::ShowMenu);
+        }
+        v.Mode = qint16(index + 1);
+        Bring(callBack.data());
+        break;
+    case MenuEntry::ServiceHistory:
+        MakeHistory();
+        history->History = false;
+        history->setWindowModality(Qt::NonModal);
+        v.Mode = qint16(index + 1);
+        Bring(history.data());
+        break;
     default:
         break;
     }
@@ -208,6 +228,7 @@ void App::OpenCustomer(int index)
         Adopt(customer);
         connect(customer, &frmCustomer::showMenu, this, &App::ShowMenu);
         connect(customer, &frmCustomer::customerSelected, this, &App::CustomerSelected);
+        connect(customer, &frmCustomer::showHistory, this, &App::ShowHistoryForCustomer);
     }
     v.Mode = qint16(index + 1);
     Bring(customer.data());
@@ -252,6 +273,29 @@ void App::ShowMainForReschedule(bool meetings)
     screen->rescheduleMeeting = meetings;
     v.Mode = 10;
     Bring(screen);
+}
+
+frmHistory* App::MakeHistory()
+{
+    if (!history) {
+        history = new frmHistory(ctx);
+        Adopt(history);
+        connect(history, &frmHistory::showMenu, this, &App::ShowMenu);
+        connect(history, &frmHistory::returnToCustomer, history, &QWidget::hide);
+    }
+    return history;
+}
+
+void App::ShowHistoryForCustomer(const QString& account)
+{
+    // Over the customer screen, which stays where it is: the return only hides this one.
+    MakeHistory();
+    history->SetAccount(account);
+    history->setWindowModality(Qt::ApplicationModal);
+    history->show();
+    history->raise();
+    history->activateWindow();
+    history->Form_Activate();
 }
 
 void App::Adopt(QWidget* screen)

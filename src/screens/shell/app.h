@@ -16,6 +16,8 @@ class QLockFile;
 class frmCallRecord;
 class frmCustomer;
 class frmMain;
+class frmCallBack;
+class frmHistory;
 class frmSetup;
 class frmSplash;
 class frmStartup;
@@ -56,6 +58,8 @@ public:
     // The record screen has freed the old slip and hands its customer over for a new
     // booking (Mode 10); meetings: it was found among the meetings, not the slips.
     void ShowMainForReschedule(bool meetings = false);
+    // The history of one account, over the customer screen; its return goes back there.
+    void ShowHistoryForCustomer(const QString& account);
 
     // The port the modem answered on at start, 0 for none; the modem probe comes with the
     // telephony screens.
@@ -76,6 +80,8 @@ public:
     QPointer<frmSplash> splash;
     QPointer<frmStartup> startup;
     QPointer<frmCallRecord> callRecord;
+    QPointer<frmCallBack> callBack;
+    QPointer<frmHistory> history;
     // Printing allowed by the user although the sibling planner program is present; kept
     // for the whole run while the menu comes and goes.
     bool PrintEnabled = false;
@@ -104,6 +110,7 @@ private:
     void CreateStartup();
     bool Fatal(const Status& s);
     void closeBox();
+    frmHistory* MakeHistory();
 
     const Clock& m_clock;
     Dialogs& m_dialogs;

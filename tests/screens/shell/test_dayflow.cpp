@@ -7,6 +7,7 @@
 
 #include "customers/customerfiles.h"
 #include "customers/frmcustomer.h"
+#include "history/frmhistory.h"
 #include "schedule/frmmain.h"
 #include "schedule/sliprecord.h"
 #include "shell/app.h"
@@ -18,6 +19,8 @@
 #include "sliprecords/frmcallrecord.h"
 
 #include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -139,6 +142,15 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     frmCustomer* customer = app->customer;
     QVERIFY(customer && customer->isVisible());
     QCOMPARE(customer->txtCustomer[0]->text(), QString("A-7"));
+
+    // Its service history comes up over it and goes back to it.
+    QTest::mouseClick(customer->cmdHistory, Qt::LeftButton);
+    QVERIFY(app->history && app->history->isVisible());
+    QVERIFY(app->history->ckAccount->isChecked());
+    QCOMPARE(app->history->cboAccounts->currentText(), QString("A-7"));
+    QTest::mouseClick(app->history->cmdReturn, Qt::LeftButton);
+    QVERIFY(!app->history->isVisible());
+    QVERIFY(customer->isVisible());
 
     // Chosen: the Scheduling Screen takes the customer over.
     QTest::mouseClick(customer->cmdCustomer[1], Qt::LeftButton);

@@ -1,0 +1,110 @@
+#include "courtesycalls.h"
+
+#include "schedule/slipfiles.h"
+#include "schedule/sliprecord.h"
+#include "store/cp1252.h"
+#include "store/dispatchingvariables.h"
+#include "store/record.h"
+#include "store/store.h"
+#include "textpool.h"
+
+#include <QHash>
+#include <algorithm>
+
+namespace
+{
+// mm/dd/yyyy as booking writes it (one or two digits for month and day).
+QDate parseEventDate(QByteArrayView text)
+{
+    int parts[3] = {0, 0, 0};
+    int digits[3] = {0, 0, 0};
+    int part = 0;
+    for (char ch : text) {
+        if (ch == '/') {
+            if (++part > 2) return {};
+        } else if (ch >= '0' && ch <= '9') {
+            parts[part] = parts[part] * 10 + (ch - '0');
+            ++digits[part];
+        } else {
+            return {};
+        }
+    }
+    if (part != 2 || digits[0] < 1 || digits[0] > 2 || digits[1] < 1 || digits[1] > 2 ||
+        digits[2] != 4)
+        return {};
+    return QDate(parts[2], parts[0], parts[1]);
+}
+
+// A small number field: the value, or -1 when it is not a plain number.
+int smallNumber(QByteArrayView text)
+{
+    if (text.isEmpty() || text.size() > 4) return -1;
+    int n = 0;
+    for (char ch : text) {
+        if (ch < '0' || ch > '9') return -1;
+        n = n * 10 + (ch - '0');
+    }
+    return n;
+}
+} // namespace
+
+QString CourtesyDateKey(const QDate& date)
+{
+    return QStringLiteral("%1%2")
+        .arg(date.year(), 4, 10, QLatin1Char('0'))
+        .arg(date.dayOfYear(), 3, 10, QLatin1Char('0'));
+}
+
+QDate CourtesyEnding(int button, const QDate& today, const QDate& current)
+{
+    switch (button) {
+    case 5:
+        return today.addYears(1);
+    case 6:
+        return today.addMonths(1);
+    case 7:
+        return today.addMonths(3);
+    default:
+        return current;
+    }
+}
+
+Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, const QDate& to)
+{
+    if (Status s = CountSlipRecords(c, SlipsFileName()); !s) return s;
+    Result<QByteArray> bytes = c.store.ReadAll(SlipsFileName());
+    if (!bytes) return bytes.status();
+    bytes->resize(qsizetype(c.v.gRecordCount) * kSlipRecordLength, '\0');
+
+    struct Row {
+        int key;
+        QStringList cells;
+    };
+    QList<Row> rows;
+    TextPool pool;
+    QHash<int, QString> keys;
+    ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
+        const QByteArrayView dateText = r.trimmedBytes(SlipField::EventDate);
+        const QDate date = parseEventDate(dateText);
+        if (!date.isValid() || date < from || date > to) return;
+        const int slot = smallNumber(r.trimmedBytes(SlipField::StartSlot));
+        const int team = smallNumber(r.trimmedBytes(SlipField::TeamNo));
+        const int key = date.year() * 1000 + date.dayOfYear();
+        QString& keyText = keys[key];
+        if (keyText.isNull()) keyText = CourtesyDateKey(date);
+        rows.append(
+            {key,
+             {r.text(SlipField::Name), pool.get(dateText),
+              slot >= 1 && slot < int(c.v.TimeLabels.size()) ? c.v.TimeLabels[slot] : QString(),
+              r.text(SlipField::Tel),
+              team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString(),
+              pool.get(r.trimmedBytes(SlipField::Reference)), keyText}});
+    });
+    std::stable_sort(rows.begin(), rows.end(),
+                     [](const Row& a, const Row& b) { return a.key < b.key; });
+    QList<QStringList> out;
+    out.reserve(rows.size());
+    for (Row& row : rows)
+        out.append(std::move(row.cells));
+    return out;
+}
