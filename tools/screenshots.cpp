@@ -1,12 +1,15 @@
 // Captures the screens to PNG files for review: the splash with its welcome
 // panel, every tab of the setup screen, the main menu, the Scheduling Screen (a booked
-// day, its month sheet, its day view and the stored slips), the customer screen and the
-// record screen, each at its own size and at the size of the whole screen. Runs on a sample program folder in a temporary directory.
+// day, its month sheet, its day view and the stored slips), the customer screen, the
+// record screen, the history and the courtesy calls, each at its own size and at the size
+// of the whole screen. Runs on sample program folders in temporary directories.
 //
 //   dispatch_screenshots <output folder>
 #include "sampleinstallation.h"
 
 #include "customers/frmcustomer.h"
+#include "history/frmcallback.h"
+#include "history/frmhistory.h"
 #include "schedule/dayviewframe.h"
 #include "schedule/frmmain.h"
 #include "schedule/sliprecord.h"
@@ -184,6 +187,10 @@ bool grabWorkingScreens(const QString& out)
     grab(customer, out, QStringLiteral("customer-aux"));
     app.OpenEntry(MenuEntry::Reschedule);
     grab(app.callRecord, out, QStringLiteral("records"));
+    app.OpenEntry(MenuEntry::ServiceHistory);
+    grab(app.history, out, QStringLiteral("history"));
+    app.OpenEntry(MenuEntry::PlaceReminderCalls);
+    grab(app.callBack, out, QStringLiteral("callback"));
     app.ExitProgram();
     return true;
 }
