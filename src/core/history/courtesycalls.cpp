@@ -2,6 +2,7 @@
 
 #include "schedule/slipfiles.h"
 #include "schedule/sliprecord.h"
+#include "sliprecords/recordsummary.h"
 #include "store/cp1252.h"
 #include "store/dispatchingvariables.h"
 #include "store/record.h"
@@ -13,28 +14,6 @@
 
 namespace
 {
-// mm/dd/yyyy as booking writes it (one or two digits for month and day).
-QDate parseEventDate(QByteArrayView text)
-{
-    int parts[3] = {0, 0, 0};
-    int digits[3] = {0, 0, 0};
-    int part = 0;
-    for (char ch : text) {
-        if (ch == '/') {
-            if (++part > 2) return {};
-        } else if (ch >= '0' && ch <= '9') {
-            parts[part] = parts[part] * 10 + (ch - '0');
-            ++digits[part];
-        } else {
-            return {};
-        }
-    }
-    if (part != 2 || digits[0] < 1 || digits[0] > 2 || digits[1] < 1 || digits[1] > 2 ||
-        digits[2] != 4)
-        return {};
-    return QDate(parts[2], parts[0], parts[1]);
-}
-
 // A small number field: the value, or -1 when it is not a plain number.
 int smallNumber(QByteArrayView text)
 {
@@ -85,7 +64,7 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
     QHash<int, QString> keys;
     ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
         const QByteArrayView dateText = r.trimmedBytes(SlipField::EventDate);
-        const QDate date = parseEventDate(dateText);
+        const QDate date = ParseSlipDate(dateText);
         if (!date.isValid() || date < from || date > to) return;
         const int slot = smallNumber(r.trimmedBytes(SlipField::StartSlot));
         const int team = smallNumber(r.trimmedBytes(SlipField::TeamNo));

@@ -23,26 +23,7 @@ QString SearchFileName(qint16 searchFile)
     }
 }
 
-QDate ParseSlipDate(QByteArrayView text)
-{
-    int parts[3] = {0, 0, 0};
-    int digits[3] = {0, 0, 0};
-    int part = 0;
-    for (char ch : text) {
-        if (ch == '/') {
-            if (++part > 2) return {};
-        } else if (ch >= '0' && ch <= '9') {
-            parts[part] = parts[part] * 10 + (ch - '0');
-            ++digits[part];
-        } else {
-            return {};
-        }
-    }
-    if (part != 2 || digits[0] < 1 || digits[0] > 2 || digits[1] < 1 || digits[1] > 2 ||
-        digits[2] != 4)
-        return {};
-    return QDate(parts[2], parts[0], parts[1]);
-}
+QDate ParseSlipDate(QByteArrayView text) { return ParseShortDateBytes(text); }
 
 int SummarySortKey(const QString& eventDate, int currentYear)
 {

@@ -78,3 +78,28 @@ QString FormatDecimalCurrency(qint64 units)
         .arg(magnitude / 10000)
         .arg(int(magnitude % 10000), 4, 10, QLatin1Char('0'));
 }
+
+QDate ParseShortDateBytes(QByteArrayView text, bool twoDigitYear)
+{
+    int parts[3] = {0, 0, 0};
+    int digits[3] = {0, 0, 0};
+    int part = 0;
+    for (char ch : text) {
+        if (ch == '/') {
+            if (++part > 2)
+                return {};
+        } else if (ch >= '0' && ch <= '9') {
+            parts[part] = parts[part] * 10 + (ch - '0');
+            ++digits[part];
+        } else {
+            return {};
+        }
+    }
+    if (part != 2 || digits[0] < 1 || digits[0] > 2 || digits[1] < 1 || digits[1] > 2)
+        return {};
+    if (digits[2] == 4)
+        return QDate(parts[2], parts[0], parts[1]);
+    if (twoDigitYear && digits[2] == 2)
+        return QDate(parts[2] + (parts[2] < 30 ? 2000 : 1900), parts[0], parts[1]);
+    return {};
+}

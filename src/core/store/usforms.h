@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QDate>
 #include <QString>
 #include <optional>
@@ -11,6 +12,10 @@ QString FormatShortDate(const QDate& date);
 // Takes m/d/yyyy with one or two digits for month and day (and a two-digit year as
 // 1930-2029); an empty optional for anything else.
 std::optional<QDate> ParseShortDate(const QString& text);
+// The same without a detour through a string, for scans over record bytes: m/d/yyyy with
+// one or two digits for month and day, and with twoDigitYear also m/d/yy (1930-2029). An
+// invalid date for anything else.
+QDate ParseShortDateBytes(QByteArrayView text, bool twoDigitYear = false);
 
 // $1,234.50, negative ($1,234.50); units are 1/10,000 of a dollar, rounded half away
 // from zero to the cent as the old formatting did.
