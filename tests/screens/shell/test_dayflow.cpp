@@ -1,9 +1,8 @@
 // A dispatcher's day through the real program: start, the menu, the customer, the
 // Scheduling Screen, and a slip found again and moved, checked in the files.
 
+#include "programfolder.h"
 #include "recordingdesktop.h"
-#include "scripteddialogs.h"
-#include "testclock.h"
 
 #include "customers/customerfiles.h"
 #include "customers/frmcustomer.h"
@@ -54,16 +53,14 @@ QByteArray customer()
 
 // A program folder as a running installation leaves it: business data, two teams, two
 // problem codes, the settings, today's counter and one customer with its parallel records.
-struct Installation {
-    QTemporaryDir folder;
+struct Installation : ProgramFolder {
     QTemporaryDir locks;
-    // Thursday 30 April 2026, day 120, in the morning.
-    TestClock clock{QDateTime(QDate(2026, 4, 30), QTime(9, 0))};
-    ScriptedDialogs dialogs;
     RecordingDesktop desktop;
 
     Installation()
     {
+        // Thursday 30 April 2026, day 120, in the morning.
+        clock.set(QDateTime(QDate(2026, 4, 30), QTime(9, 0)));
         put("MyBusinessData.txt", "\"Acme Heating\",\"12 Main Street\",\"\",\"Springfield\","
                                   "\"IL\",\"62701\",\"217-555-0142\",\"\",\"\"\r\n");
         put("Assignto.txt", "\"North Truck\"\r\n\"South Truck\"\r\n");
@@ -74,29 +71,16 @@ struct Installation {
         put("Phone.txt", "#FALSE#\r\n0\r\n");
         put("CallID.txt", "#TRUE#\r\n");
         put("CustomerData.txt", customer());
+        // The contract and cycle records of the one customer, at their defaults.
+        ResetContractDefaults(ctx);
+        WriteContract(ctx, 1);
+        WriteCycle(ctx, 1);
     }
     std::unique_ptr<App> start()
     {
-        auto app = std::make_unique<App>(folder.path(), clock, dialogs, desktop);
+        auto app = std::make_unique<App>(root(), clock, dialogs, desktop);
         app->setLockFolder(locks.path());
-        // The contract and cycle records of the one customer, at their defaults.
-        ResetContractDefaults(app->ctx);
-        if (!WriteContract(app->ctx, 1) || !WriteCycle(app->ctx, 1))
-            return nullptr;
         return app;
-    }
-    QString abs(const QString& name) const { return folder.path() + u'/' + name; }
-    QByteArray get(const QString& name) const
-    {
-        QFile f(abs(name));
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
-    void put(const QString& name, const QByteArray& bytes) const
-    {
-        QDir().mkpath(QFileInfo(abs(name)).path());
-        QFile f(abs(name));
-        if (f.open(QIODevice::WriteOnly))
-            f.write(bytes);
     }
 };
 
@@ -128,8 +112,8 @@ private slots:
 void TestDayFlow::bookThenRescheduleFromTheMenu()
 {
     Installation run;
+    QVERIFY(run.has("ContractInfo.txt") && run.has("CycleInfo.txt"));
     auto app = run.start();
-    QVERIFY(app);
     QVERIFY(app->Main());
     VERIFY_DIALOGS(run.dialogs);
     QTest::mouseClick(app->splash->cmdContinue, Qt::LeftButton);
