@@ -331,13 +331,16 @@ CustomerBoxes frmCustomer::boxes() const
 // The boxes from texts; the type label is SetAccountType's.
 void frmCustomer::setBoxes(const CustomerBoxes& b)
 {
+    // A record read past the end of the file (the only account deleted) is all zero
+    // bytes: the boxes show it blank rather than as invisible characters.
+    auto shown = [](QString text) { return text.remove(QChar(0)); };
     for (int i = 0; i < 12; ++i)
-        if (txtCustomer[i]) txtCustomer[i]->setText(b.txtCustomer[i]);
-    cboCity->setEditText(b.cboCity);
-    cboStates->setEditText(b.cboStates);
-    txtAdd3->setText(b.txtAdd3);
-    txtAdd4->setText(b.txtAdd4);
-    cboTitle->setEditText(b.cboTitle);
+        if (txtCustomer[i]) txtCustomer[i]->setText(shown(b.txtCustomer[i]));
+    cboCity->setEditText(shown(b.cboCity));
+    cboStates->setEditText(shown(b.cboStates));
+    txtAdd3->setText(shown(b.txtAdd3));
+    txtAdd4->setText(shown(b.txtAdd4));
+    cboTitle->setEditText(shown(b.cboTitle));
 }
 
 void frmCustomer::clearBoxes()

@@ -122,6 +122,7 @@ private slots:
     void noHitAsksForANewAccount();
     void accountNumberSearchIsRefused();
     void deleteRecordThreeOfFive();
+    void deleteTheOnlyAccount();
     void savesCarryContractAndCycle();
     void searchPanelSaveLeavesDefaults();
     void missingParallelFilesAreRebuilt();
@@ -419,6 +420,26 @@ void TestFrmCustomer::deleteRecordThreeOfFive()
     QCOMPARE(s.w->at, (CustomerPosition{3, 4}));
     QCOMPARE(s.account(), QStringLiteral("A4"));
     QCOMPARE(s.w->accountIndex().size(), 4);
+}
+
+void TestFrmCustomer::deleteTheOnlyAccount()
+{
+    Screen s;
+    layDown(s.pf, numbered(1));
+    s.bringUp();
+    QCOMPARE(s.account(), QStringLiteral("A1"));
+    s.pf.dialogs.expect(QStringLiteral("Delete this Customer"),
+                        QStringLiteral("Delete this Customer"), Answer::Yes);
+    s.w->mnuDelete->trigger();
+    VERIFY_DIALOGS(s.pf.dialogs);
+    QCOMPARE(s.pf.get(kCustomers), QByteArray());
+    QCOMPARE(s.pf.get(kContracts), QByteArray());
+    QCOMPARE(s.pf.get(kCycles), QByteArray());
+    // The count is not lowered from 1, so the screen reads past the end: blank boxes.
+    QCOMPARE(s.w->at, (CustomerPosition{1, 1}));
+    for (QLineEdit* box : s.w->txtCustomer)
+        if (box)
+            QCOMPARE(box->text(), QString());
 }
 
 void TestFrmCustomer::savesCarryContractAndCycle()
