@@ -237,13 +237,15 @@ void App::OpenCustomer(int index)
 void App::CustomerSelected()
 {
     // The customer is the first step; the routine goes on by Mode. Recurring events,
-    // contracts and work orders have no screen in this program yet.
+    // contracts and work orders have no screen in this program yet: the user is told,
+    // and stays with the customer saved.
     switch (v.Mode) {
     case 2:
     case 7:
         ShowMainForCustomer();
         break;
     default:
+        m_dialogs.message(QStringLiteral("This routine is not available yet"));
         break;
     }
 }

@@ -107,6 +107,7 @@ class TestDayFlow : public QObject
 private slots:
     void initTestCase() { ScreenFrame::setGeometryKept(false); }
     void bookThenRescheduleFromTheMenu();
+    void routinesWithoutAScreenStopAtTheCustomer();
 };
 
 void TestDayFlow::bookThenRescheduleFromTheMenu()
@@ -201,6 +202,25 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     QCOMPARE(slip.text(SlipField::EventDate), QString("05/06/2026"));
     QCOMPARE(run.get("Counter.txt"), QByteArray("\"120\",6\r\n"));
     QVERIFY(app->startup && app->startup->isVisible());
+}
+
+// Contracts and work orders have no screen yet: the customer is saved and the user told,
+// and the customer screen stays.
+void TestDayFlow::routinesWithoutAScreenStopAtTheCustomer()
+{
+    for (int entry : {MenuEntry::ServiceContract, MenuEntry::WorkOrder}) {
+        Installation run;
+        auto app = run.start();
+        QVERIFY(app->Main());
+        app->OpenEntry(entry);
+        QVERIFY(app->customer && app->customer->isVisible());
+        run.dialogs.expect("This routine is not available yet");
+        QTest::mouseClick(app->customer->cmdCustomer[1], Qt::LeftButton);
+        VERIFY_DIALOGS(run.dialogs);
+        QVERIFY(app->customer->isVisible());
+        QVERIFY(!app->mainForm);
+        QCOMPARE(run.get("CustomerData.txt").left(3), QByteArray("A-7"));
+    }
 }
 
 QTEST_MAIN(TestDayFlow)
