@@ -50,25 +50,19 @@ private slots:
     void navigation_data();
     void navigation();
     void newAccountAndCancel();
-    void positionAfterDelete_data();
-    void positionAfterDelete();
 
     void saveTests_data();
     void saveTests();
     void telephoneRule_data();
     void telephoneRule();
     void setAccountFromTelephone();
-    void duplicateAccount();
 
     void saveWritesTheBoxes_data();
     void saveWritesTheBoxes();
-    void businessWithoutAccountTakesItsTelephone();
     void stoppedSaveWritesNothing();
-    void carriedContractAndCycleSurviveASave();
     void showCustomerBoxes();
     void saveCustomerPublishes_data();
     void saveCustomerPublishes();
-    void emptyFilePresets();
 
     void deleteRecord_data();
     void deleteRecord();
@@ -131,26 +125,6 @@ void TestCustomerEditing::newAccountAndCancel()
 
     // Cancel shows record 1, not the account that was on the screen before.
     QCOMPARE(CancelNewCustomer(begun), (CustomerPosition{1, 5}));
-}
-
-void TestCustomerEditing::positionAfterDelete_data()
-{
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("last");
-    QTest::addColumn<int>("newCurrent");
-    QTest::addColumn<int>("newLast");
-    QTest::newRow("3 of 5 stays 3") << 3 << 5 << 3 << 4;
-    QTest::newRow("the last moves to the new last") << 5 << 5 << 4 << 4;
-    QTest::newRow("the only one leaves a count of 1") << 1 << 1 << 1 << 1;
-}
-
-void TestCustomerEditing::positionAfterDelete()
-{
-    QFETCH(int, current);
-    QFETCH(int, last);
-    QFETCH(int, newCurrent);
-    QFETCH(int, newLast);
-    QCOMPARE(PositionAfterDelete({current, last}), (CustomerPosition{newCurrent, newLast}));
 }
 
 void TestCustomerEditing::saveTests_data()
@@ -266,21 +240,6 @@ void TestCustomerEditing::setAccountFromTelephone()
     QCOMPARE(f.dialogs.beeps, 1);
 }
 
-void TestCustomerEditing::duplicateAccount()
-{
-    ProgramFolder f;
-    f.put(kCustomers, customerBytes({.account = "A-1"}) + customerBytes({.account = "B-2"}));
-    CustomerBoxes b = business("Acme", "A-1", "217-555-0100");
-    // Its own record is no duplicate.
-    QCOMPARE(CheckDuplicateAccount(f.ctx, b, {1, 2}).value(), false);
-    QCOMPARE(b.txtCustomer[CustomerBox::AccountNo], QStringLiteral("A-1"));
-    f.dialogs.expect("The Account Number has been duplicated\nEnter a different Number",
-                     "Duplicate Account Number");
-    QCOMPARE(CheckDuplicateAccount(f.ctx, b, {2, 2}).value(), true);
-    QVERIFY(b.txtCustomer[CustomerBox::AccountNo].isEmpty());
-    VERIFY_DIALOGS(f.dialogs);
-}
-
 void TestCustomerEditing::saveWritesTheBoxes_data()
 {
     QTest::addColumn<bool>("usa");
@@ -349,21 +308,6 @@ void TestCustomerEditing::saveWritesTheBoxes()
     QCOMPARE(f.get(kCustomers), first + expected);
 }
 
-void TestCustomerEditing::businessWithoutAccountTakesItsTelephone()
-{
-    ProgramFolder f;
-    ResetContractDefaults(f.ctx);
-    f.dialogs.expect("Telephone Number will be used as Acct No.", "Account not Entered");
-    CustomerBoxes b = business("Acme Heating", "", "217-555-0100");
-    Result<CustomerCheck> r = UpdateCustomerRecord(f.ctx, b, true, 1);
-    VERIFY_DIALOGS(f.dialogs);
-    QVERIFY(r.ok() && r->save);
-    QCOMPARE(b.txtCustomer[CustomerBox::AccountNo], QStringLiteral("217-555-0100"));
-    QCOMPARE(f.get(kCustomers).left(20), padded("217-555-0100", 20));
-    QCOMPARE(f.get(kContracts).size(), kContractRecordLength);
-    QCOMPARE(f.get(kCycles).size(), kCycleRecordLength);
-}
-
 void TestCustomerEditing::stoppedSaveWritesNothing()
 {
     ProgramFolder f;
@@ -375,33 +319,6 @@ void TestCustomerEditing::stoppedSaveWritesNothing()
     QVERIFY(r.ok() && !r->AcctOK && !r->save);
     QCOMPARE(f.snapshot(), before);
     VERIFY_DIALOGS(f.dialogs);
-}
-
-void TestCustomerEditing::carriedContractAndCycleSurviveASave()
-{
-    ProgramFolder f;
-    const QByteArray contracts =
-        companionBytes(kContractRecordLength, 1) + companionBytes(kContractRecordLength, 2);
-    const QByteArray cycles =
-        companionBytes(kCycleRecordLength, 3) + companionBytes(kCycleRecordLength, 4);
-    f.put(kCustomers, customerBytes({.account = "A-1", .first = "Ann", .last = "Lee"}) +
-                          customerBytes({.account = "B-2", .first = "Bob", .last = "Ray"}));
-    f.put(kContracts, contracts);
-    f.put(kCycles, cycles);
-
-    // As the screen shows record 2: customer, contract, cycle.
-    QVERIFY(ReadCustomer(f.ctx, 2).ok() && ReadContract(f.ctx, 2).ok() && ReadCycle(f.ctx, 2).ok());
-    CustomerBoxes b = BoxesFromCustomer(f.v.gCustomer);
-    b.txtCustomer[CustomerBox::Address1] = QStringLiteral("9 New Rd");
-    QVERIFY(UpdateCustomerRecord(f.ctx, b, true, 2).ok());
-    QCOMPARE(f.get(kContracts), contracts);
-    QCOMPARE(f.get(kCycles), cycles);
-
-    // The buffers now hold defaults: a second save without reading again stores them.
-    QVERIFY(UpdateCustomerRecord(f.ctx, b, true, 2).ok());
-    QCOMPARE(f.get(kContracts).left(kContractRecordLength), contracts.left(kContractRecordLength));
-    QCOMPARE(f.get(kContracts).mid(kContractRecordLength, 35), padded("None Selected", 35));
-    QCOMPARE(f.get(kCycles).mid(kCycleRecordLength, 35), padded("None Selected", 35));
 }
 
 void TestCustomerEditing::showCustomerBoxes()
@@ -478,22 +395,6 @@ void TestCustomerEditing::saveCustomerPublishes()
     const QStringList got = {f.v.gCurAccount, f.v.gCurName, f.v.gCurAddress1, f.v.gCurAddress2,
                              f.v.gCurState,   f.v.gCurCity, f.v.gCurZip,      f.v.gCurPhone};
     QCOMPARE(got, expected);
-}
-
-void TestCustomerEditing::emptyFilePresets()
-{
-    ProgramFolder f;
-    f.v.gBusiness = {"Tresvane Heating", "1 Shop Rd", "", "Springfield", "IL", "62704",
-                     "217-555-0000",     "",          ""};
-    f.dialogs.expect("Your Customer File is Empty\nCreate your First Customer Now",
-                     "Create Customers");
-    CustomerBoxes b;
-    PresetEmptyCustomerFile(f.v, b, f.dialogs);
-    VERIFY_DIALOGS(f.dialogs);
-    QCOMPARE(b.txtCustomer[CustomerBox::Phone], QStringLiteral("217-555-"));
-    QCOMPARE(b.cboCity, QStringLiteral("Springfield"));
-    QCOMPARE(b.cboStates, QStringLiteral("IL"));
-    QCOMPARE(b.txtCustomer[CustomerBox::PostalCode], QStringLiteral("62704"));
 }
 
 void TestCustomerEditing::deleteRecord_data()

@@ -1,3 +1,4 @@
+#include "customerbytes.h"
 #include "customers/customerfiles.h"
 #include "programfolder.h"
 #include "store/usforms.h"
@@ -6,13 +7,7 @@
 
 namespace {
 
-// Records laid down by hand, field by field, independent of the record codec.
-QByteArray text(const char* s, int width)
-{
-    QByteArray b(s);
-    Q_ASSERT(b.size() <= width);
-    return b + QByteArray(width - b.size(), ' ');
-}
+QByteArray text(const char* s, int width) { return padded(s, width); }
 QByteArray blanks(int width) { return QByteArray(width, ' '); }
 QByteArray zeros(int width) { return QByteArray(width, '\0'); }
 QByteArray hex(const char* h) { return QByteArray::fromHex(h); }
@@ -22,12 +17,23 @@ const QByteArray kZero16 = hex("0000");
 
 QByteArray handCustomer(const char* account, const char* name)
 {
-    return text(account, 20) + text(name, 45) + text("12 Elm St", 35) + text("Suite 4", 25) +
-           text("Springfield", 25) + text("Springfield", 20) + text("IL", 2) +
-           text("62704", 10) + text("62704", 25) + text("217-555-0100", 13) +
-           text("217-555-0199", 13) + text("fax 217-555-0101", 30) + text("Mr.", 10) +
-           text("John", 15) + text("Q", 1) + text("Public", 25) + text("Individual", 10) +
-           hex("0100") + hex("3412");
+    return customerBytes({.account = account,
+                          .name = name,
+                          .address1 = "12 Elm St",
+                          .address2 = "Suite 4",
+                          .address3 = "Springfield",
+                          .cityShort = "Springfield",
+                          .state = "IL",
+                          .zip = "62704",
+                          .address4 = "62704",
+                          .phone = "217-555-0100",
+                          .cell = "217-555-0199",
+                          .other = "fax 217-555-0101",
+                          .title = "Mr.",
+                          .first = "John",
+                          .middle = "Q",
+                          .last = "Public",
+                          .spare = hex("3412")});
 }
 
 // gContract and gCycle as ResetContractDefaults leaves them at 9 am on Thursday 30 April
@@ -43,15 +49,6 @@ QByteArray defaultContract(const QByteArray& text2)
 QByteArray defaultCycle()
 {
     return text("None Selected", 35) + zeros(8) + kZero16 + blanks(20) + kZero16 + kMinusOne;
-}
-
-// A record of a companion program: every byte different, high bytes and NULs among them.
-QByteArray companionBytes(int length, int seed)
-{
-    QByteArray b(length, '\0');
-    for (int i = 0; i < length; ++i)
-        b[i] = char((i * 37 + seed) & 0xff);
-    return b;
 }
 
 const QString kCustomers = QStringLiteral("CustomerData.txt");

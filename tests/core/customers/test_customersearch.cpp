@@ -78,7 +78,6 @@ private slots:
     void accountNumberSearchIsRefused();
     void normalizeSearchText_data();
     void normalizeSearchText();
-    void notFoundQuestion();
     void accountListInRecordOrder();
     void accountListWithoutFile();
     void accountNoExists_data();
@@ -198,18 +197,6 @@ void TestCustomerSearch::normalizeSearchText()
     QFETCH(QString, box);
     QFETCH(QString, expected);
     QCOMPARE(NormalizeSearchText(box), expected);
-}
-
-void TestCustomerSearch::notFoundQuestion()
-{
-    ProgramFolder f;
-    const QString text = QStringLiteral("No Accounts Matching the Search Data were Found\nWould "
-                                        "you like to Create a New Account?");
-    f.dialogs.expect(text, "Customer not Found", Dialogs::Answer::Yes)
-        .expect(text, "Customer not Found", Dialogs::Answer::No);
-    QVERIFY(AskCreateAccountWhenNotFound(f.dialogs));
-    QVERIFY(!AskCreateAccountWhenNotFound(f.dialogs));
-    VERIFY_DIALOGS(f.dialogs);
 }
 
 void TestCustomerSearch::accountListInRecordOrder()

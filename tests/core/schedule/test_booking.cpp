@@ -9,7 +9,6 @@ using Answer = Dialogs::Answer;
 
 namespace
 {
-const QByteArray kFree = "\"No Event Scheduled\"\r\n";
 
 // A customer in hand and a counter standing at SA120-1, as after the customer screen.
 void customerInHand(ProgramFolder& f, qint16 mode)
@@ -58,8 +57,6 @@ private slots:
     void openingDate();
     void calendarRefusesThePast();
     void calendarMakesALaterYearsFolders();
-    void serviceSlipEndToEnd();
-    void meetingKeepsTheNumber();
     void noTimeSelectedWritesNothing();
     void storedSlipKeepsTheNumber();
     void lastStoredSlipScheduledRemovesTheFile();
@@ -155,52 +152,6 @@ void TestBooking::calendarMakesALaterYearsFolders()
     QVERIFY(!f.hasFolder("2027"));
     QCOMPARE(f.v.gDayOfYear, qint16(3));
     VERIFY_DIALOGS(f.dialogs);
-}
-
-void TestBooking::serviceSlipEndToEnd()
-{
-    ProgramFolder f;
-    customerInHand(f, 2);
-    BookingScreen s = clicked(f, "SA120-1 Ada Byron", 4, 3);
-    f.dialogs.expect("Service  Attention SA120-1 has been Scheduled", "Confirmation");
-    Result<BookingSaved> saved = SaveBooking(f.ctx, s);
-    QVERIFY2(saved.ok(), qPrintable(saved.message()));
-    QCOMPARE(*saved, BookingSaved::Scheduled);
-    VERIFY_DIALOGS(f.dialogs);
-
-    const QByteArray busy = "\"SA120-1 Ada Byron\"\r\n";
-    QCOMPARE(f.get("2026/Team#2/125.txt"), kFree + kFree + kFree + busy + busy + busy + kFree +
-                                               kFree + kFree + kFree + kFree + kFree);
-    const QByteArray record = f.get("Slips.txt");
-    QCOMPARE(record.size(), 297);
-    SlipRecord slip(record);
-    QCOMPARE(slip.text(SlipField::RecType), QString("Service"));
-    QCOMPARE(slip.text(SlipField::ConfirmationNo), QString("SA120-1"));
-    QCOMPARE(slip.text(SlipField::TeamNo), QString("2"));
-    QCOMPARE(slip.text(SlipField::Hours), QString("3"));
-    QCOMPARE(slip.text(SlipField::StartSlot), QString("4"));
-    QCOMPARE(slip.text(SlipField::EventDate), QString("05/05/2026"));
-    QCOMPARE(slip.text(SlipField::Reference), QString("Leaking tap"));
-    QCOMPARE(f.v.gConfirmation, QString("SA120-2"));
-    QCOMPARE(f.get("Counter.txt"), QByteArray("\"120\",2\r\n"));
-    QVERIFY(!f.has("UnscheduledSlips.txt"));
-}
-
-void TestBooking::meetingKeepsTheNumber()
-{
-    ProgramFolder f;
-    customerInHand(f, 7);
-    BookingScreen s = clicked(f, "Mtg - 09:00 - Ada Byron", 4, 1);
-    f.dialogs.expect("Customer Meeting has been Scheduled", "Confirmation");
-    QCOMPARE(*SaveBooking(f.ctx, s), BookingSaved::MeetingScheduled);
-    VERIFY_DIALOGS(f.dialogs);
-    QCOMPARE(f.v.gConfirmation, QString("SA120-1"));
-    QVERIFY(!f.has("Counter.txt"));
-    QVERIFY(!f.has("Slips.txt"));
-    SlipRecord meeting(f.get("Meetings.txt"));
-    QCOMPARE(meeting.text(SlipField::RecType), QString("Meeting"));
-    QCOMPARE(meeting.text(SlipField::ConfirmationNo), QString());
-    QCOMPARE(meeting.text(SlipField::Reference), QString("Mtg - 09:00 - Ada Byron"));
 }
 
 void TestBooking::noTimeSelectedWritesNothing()
