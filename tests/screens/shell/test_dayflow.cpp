@@ -99,6 +99,19 @@ void setHours(frmMain* w, int hours)
         QTest::mouseClick(w->updnTime->down, Qt::LeftButton);
 }
 
+// Books on the Scheduling Screen as a dispatcher does: team, day, hours, the first slot,
+// Save; the confirmation names the number.
+void book(frmMain* w, ScriptedDialogs& dialogs, int teamRow, const QDate& day, int hours,
+          int slotRow, const QString& confirmation)
+{
+    w->lstTeam->setCurrentRow(teamRow);
+    w->Calender->setSelectedDate(day);
+    setHours(w, hours);
+    clickRow(w->fgHours, slotRow, 1);
+    dialogs.expect("Service  Attention " + confirmation + " has been Scheduled", "Confirmation");
+    QTest::mouseClick(w->cmdSave, Qt::LeftButton);
+}
+
 } // namespace
 
 class TestDayFlow : public QObject
@@ -147,12 +160,7 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     QCOMPARE(w->txtName->text(), QString("Hill Bakery"));
 
     // Team 2, Tuesday 5 May, three hours from the fourth slot.
-    w->lstTeam->setCurrentRow(1);
-    w->Calender->setSelectedDate(QDate(2026, 5, 5));
-    setHours(w, 3);
-    clickRow(w->fgHours, 3, 1);
-    run.dialogs.expect("Service  Attention SA120-4 has been Scheduled", "Confirmation");
-    QTest::mouseClick(w->cmdSave, Qt::LeftButton);
+    book(w, run.dialogs, 1, QDate(2026, 5, 5), 3, 3, "SA120-4");
     VERIFY_DIALOGS(run.dialogs);
 
     QCOMPARE(run.get("2026/Team#2/125.txt"),
@@ -184,12 +192,7 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     QVERIFY(!records->isVisible());
     QCOMPARE(app->v.Mode, qint16(2));
 
-    w->lstTeam->setCurrentRow(0);
-    w->Calender->setSelectedDate(QDate(2026, 5, 6));
-    setHours(w, 2);
-    clickRow(w->fgHours, 0, 1);
-    run.dialogs.expect("Service  Attention SA120-5 has been Scheduled", "Confirmation");
-    QTest::mouseClick(w->cmdSave, Qt::LeftButton);
+    book(w, run.dialogs, 0, QDate(2026, 5, 6), 2, 0, "SA120-5");
     VERIFY_DIALOGS(run.dialogs);
 
     QCOMPARE(run.get("2026/Team#1/126.txt"),
