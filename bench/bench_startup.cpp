@@ -1,23 +1,42 @@
 // From the start of the program to the splash on screen, on an installation at the
-// formats' limits, where making good every customer's aux folders is the cost to watch.
+// formats' limits: the first start on a folder whose customers have no aux folders yet,
+// and a later start. The aux folders are made behind the forms in slices; the longest
+// slice is what the user could notice.
 #include "benchharness.h"
 
 #include "shell/app.h"
 #include "shell/desktop.h"
 #include "shell/silentdialogs.h"
+#include "shell/startup.h"
 #include "store/clock.h"
+#include "store/corecontext.h"
+#include "store/store.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <algorithm>
 #include <cstdio>
 
-namespace {
+namespace
+{
 class NoDesktop final : public Desktop
 {
 public:
     void openUrl(const QString&) override {}
     void setClipboardText(const QString&) override {}
 };
+
+// The data files of the folder, without its aux folders: a large installation as it
+// arrives from another computer or an older program.
+void copyDataFiles(const QString& from, const QString& to)
+{
+    QDir().mkpath(to);
+    for (const QString& name : QDir(from).entryList(QDir::Files))
+        QFile::copy(from + u'/' + name, to + u'/' + name);
+}
 } // namespace
 
 int main(int argc, char* argv[])
@@ -27,21 +46,56 @@ int main(int argc, char* argv[])
     FixedClock clock(QDateTime(QDate(2026, 5, 4), QTime(9, 0)));
     SilentDialogs dialogs;
     NoDesktop desktop;
-    auto start = [&] {
-        App app(folder, clock, dialogs, desktop);
+    auto start = [&](const QString& where) {
+        App app(where, clock, dialogs, desktop);
         if (!app.Main()) {
             std::fprintf(stderr, "the program did not start\n");
             std::exit(1);
         }
         QApplication::processEvents();
     };
-    // The first start on a folder makes seven folders for every customer; later starts
-    // only look.
-    QElapsedTimer first;
-    first.start();
-    start();
-    std::printf("(first start, making the aux folders: %.0f ms)\n", first.nsecsElapsed() / 1e6);
-    const double ms = MedianMs(start, 5);
+
+    // First starts, each on a fresh copy.
+    QTemporaryDir scratch;
+    int copies = 0;
+    std::vector<double> firsts;
+    for (int i = 0; i < 5; ++i) {
+        const QString fresh = scratch.filePath(QString::number(copies++));
+        copyDataFiles(folder, fresh);
+        QElapsedTimer t;
+        t.start();
+        start(fresh);
+        firsts.push_back(t.nsecsElapsed() / 1e6);
+    }
+    std::sort(firsts.begin(), firsts.end());
+    Report("first start (32,767 customers, no aux folders yet)", firsts[firsts.size() / 2],
+           FloorMs(folder, {"/CustomerData.txt"}, 5));
+
+    // The repair behind the forms, in the slices the program gives it.
+    {
+        const QString fresh = scratch.filePath(QString::number(copies++));
+        copyDataFiles(folder, fresh);
+        Store store(fresh);
+        AuxFolderRepair repair(store);
+        QElapsedTimer total;
+        total.start();
+        if (!repair.prepare().ok()) std::exit(1);
+        double longest = total.nsecsElapsed() / 1e6;
+        for (;;) {
+            QElapsedTimer slice;
+            slice.start();
+            Result<bool> done = repair.run(8);
+            longest = std::max(longest, slice.nsecsElapsed() / 1e6);
+            if (!done) std::exit(1);
+            if (*done) break;
+        }
+        std::printf("(making every aux folder behind the forms: %.0f ms in all)\n",
+                    total.nsecsElapsed() / 1e6);
+        Report("aux folder repair, longest slice", longest,
+               FloorMs(folder, {"/CustomerData.txt"}, 5));
+    }
+
+    const double ms = MedianMs([&] { start(folder); }, 5);
     Report("start to splash", ms, FloorMs(folder, {"/CustomerData.txt"}, 5));
     return 0;
 }

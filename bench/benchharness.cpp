@@ -10,10 +10,9 @@
 
 QString LimitFolder()
 {
-    const QString folder = QDir::tempPath() + QStringLiteral("/tresvane-bench-limits-v1");
+    const QString folder = QDir::tempPath() + QStringLiteral("/tresvane-bench-limits-v2");
     const QString marker = folder + QStringLiteral("/.complete");
-    if (QFile::exists(marker))
-        return folder;
+    if (QFile::exists(marker)) return folder;
     QDir(folder).removeRecursively();
     SampleOptions o;
     o.teams = 30;
@@ -56,11 +55,9 @@ double FloorMs(const QString& folder, const QStringList& files, int runs)
             qint64 total = 0;
             for (const QString& name : files) {
                 QFile f(folder + name);
-                if (f.open(QIODevice::ReadOnly))
-                    total += f.readAll().size();
+                if (f.open(QIODevice::ReadOnly)) total += f.readAll().size();
             }
-            if (total < 0)
-                std::abort();
+            if (total < 0) std::abort();
         },
         runs);
 }

@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QtTest>
 
 class TestFolderCheck : public QObject
@@ -15,6 +16,8 @@ private slots:
     void jsonHoldsRecordsByFieldName();
     void damagedFilesAreNamedAndNothingIsWritten();
     void sampleIsTheSameForTheSameSeed();
+    void sampleBookingsAgreeWithItsCounterAndContracts();
+    void bookingDisagreementsAreWarnings();
 };
 
 static SampleOptions small()
@@ -110,6 +113,120 @@ void TestFolderCheck::sampleIsTheSameForTheSameSeed()
     QVERIFY(WriteSampleInstallation(a.root(), small()).ok());
     QVERIFY(WriteSampleInstallation(b.root(), small()).ok());
     QCOMPARE(a.snapshot(), b.snapshot());
+}
+
+void TestFolderCheck::sampleBookingsAgreeWithItsCounterAndContracts()
+{
+    ProgramFolder f;
+    SampleOptions o = small();
+    o.contracts = 30;
+    o.slips = 200;
+    QVERIFY(WriteSampleInstallation(f.root(), o).ok());
+    const FolderCheck check = CheckFolder(f.root(), nullptr, o.start);
+    QVERIFY2(check.warnings.isEmpty(), qPrintable(check.warnings.join('\n')));
+
+    QByteArray json;
+    CheckFolder(f.root(), &json, o.start);
+    const QJsonObject doc = QJsonDocument::fromJson(json).object();
+    // The next number of today stands past every number the sample's slips carry.
+    const QJsonArray counter = doc["Counter.txt"].toArray();
+    QCOMPARE(counter[0].toString(), QString::number(o.start.dayOfYear()));
+    const QString today = QStringLiteral("SA%1-").arg(o.start.dayOfYear());
+    int highest = 0;
+    for (const QJsonValue& slip : doc["Slips.txt"].toArray()) {
+        const QString number = slip.toObject()["ConfirmationNo"].toString();
+        if (number.startsWith(today)) highest = qMax(highest, number.mid(today.size()).toInt());
+    }
+    QVERIFY(highest > 0);
+    QCOMPARE(counter[1].toString().toInt(), highest + 1);
+
+    // No contract event lands on a booked hour, where the grid would raise a conflict.
+    const QJsonArray teams = doc["Assignto.txt"].toArray();
+    const QStringList labels = {"06:00", "07:00", "08:00", "09:00", "10:00", "11:00"};
+    int contracts = 0;
+    for (const QJsonValue& value : doc["ContractInfo.txt"].toArray()) {
+        const QJsonObject k = value.toObject();
+        const int slot = labels.indexOf(k["ContractTime"].toString()) + 1;
+        if (slot < 1) continue;
+        ++contracts;
+        int team = 0;
+        for (int t = 0; t < teams.size(); ++t)
+            if (teams[t].toString() == k["ContractTeam"].toString()) team = t + 1;
+        const QDate date = QDate::fromString(k["ContractNextDate"].toString(), "MM/dd/yyyy");
+        QVERIFY2(date.isValid(), qPrintable(k["ContractNextDate"].toString()));
+        const QString path =
+            QStringLiteral("%1/Team#%2/%3.txt").arg(date.year()).arg(team).arg(date.dayOfYear());
+        const QJsonArray hours = doc["days"].toObject()[path].toArray();
+        if (!hours.isEmpty())
+            QCOMPARE(hours[slot - 1].toString(), QStringLiteral("No Event Scheduled"));
+    }
+    QCOMPARE(contracts, 30);
+}
+
+// A slip record laid down by hand at the field offsets of the 297-byte layout.
+static QByteArray slipRecord(const char* number, int team, const char* date, int start, int hours,
+                             const char* name)
+{
+    QByteArray r(297, ' ');
+    auto put = [&r](int offset, int width, const QByteArray& text) {
+        r.replace(offset, qMin(width, int(text.size())), text.left(width));
+    };
+    put(0, 10, "Service");
+    put(10, 10, number);
+    put(20, 2, QByteArray::number(team));
+    put(22, 6, "Hours");
+    put(28, 2, QByteArray::number(hours));
+    put(30, 10, date);
+    put(40, 2, QByteArray::number(start));
+    put(42, 30, "No Heat");
+    put(162, 30, name);
+    return r;
+}
+
+static QByteArray dayFile(const QMap<int, QByteArray>& booked)
+{
+    QByteArray out;
+    for (int slot = 1; slot <= 12; ++slot)
+        out += '"' + booked.value(slot, "No Event Scheduled") + "\"\r\n";
+    return out;
+}
+
+void TestFolderCheck::bookingDisagreementsAreWarnings()
+{
+    ProgramFolder f;
+    // Two slips under one number; SA130-7's hours were left behind by a delete; SA130-4
+    // was saved while its day file was not; a past day is no longer looked at.
+    f.put("Slips.txt", slipRecord("SA130-1", 1, "05/10/2026", 4, 2, "Smith") +
+                           slipRecord("SA130-1", 1, "05/10/2026", 4, 2, "Smith") +
+                           slipRecord("SA130-4", 2, "05/10/2026", 1, 1, "Brown") +
+                           slipRecord("SA100-2", 2, "04/10/2026", 1, 1, "Gone"));
+    f.put("2026/Team#1/130.txt", dayFile({{4, "SA130-1 Smith"},
+                                          {5, "SA130-1 Smith"},
+                                          {8, "SA130-7 Jones"},
+                                          {9, "SA130-7 Jones"},
+                                          {11, "Vacation"}}));
+    const auto before = f.snapshot();
+    const FolderCheck check = CheckFolder(f.root(), nullptr, QDate(2026, 5, 1));
+    QVERIFY(check.ok());
+    QCOMPARE(check.warnings.size(), 3);
+    const QString all = check.warnings.join('\n');
+    QVERIFY2(all.contains("confirmation number SA130-1 stands on 2 slips (records 1, 2)"),
+             qPrintable(all));
+    QVERIFY2(all.contains("2026/Team#1/130.txt: \"SA130-7 Jones\" from slot 8 is booked, but no "
+                          "record owns it"),
+             qPrintable(all));
+    QVERIFY2(all.contains("Slips.txt record 3 (SA130-4, team 2, 05/10/2026, 1 hours from slot 1) "
+                          "is not on its day"),
+             qPrintable(all));
+    QCOMPARE(f.snapshot(), before);
+
+    // The command tells warnings apart from damage by its exit status.
+    QProcess tool;
+    tool.start(QStringLiteral(DISPATCH_CHECK_TOOL), {f.root()});
+    QVERIFY(tool.waitForFinished(30000));
+    QCOMPARE(tool.exitCode(), 3);
+    QVERIFY(
+        tool.readAllStandardError().contains("warning: Slips.txt: confirmation number SA130-1"));
 }
 
 QTEST_GUILESS_MAIN(TestFolderCheck)

@@ -1,5 +1,7 @@
 #include "foldercheck.h"
 
+#include "bookingcheck.h"
+
 #include "customers/auxdata.h"
 #include "customers/customerfiles.h"
 #include "customers/customerrecords.h"
@@ -147,7 +149,7 @@ QString FolderCheck::summary() const
         .arg(dayFiles);
 }
 
-FolderCheck CheckFolder(const QString& folder, QByteArray* json)
+FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
 {
     FolderCheck check;
     Json j;
@@ -455,6 +457,7 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json)
             }
         }
     }
+    check.warnings = BookingWarnings(store, today.isValid() ? today : QDate::currentDate());
     if (json) {
         j.close('}');
         j.close('}');

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDate>
 #include <QString>
 #include <QStringList>
 
@@ -10,6 +11,9 @@
 struct FolderCheck {
     // "<file>: <what is wrong>", one a damaged file.
     QStringList problems;
+    // Files that read well but disagree with each other: duplicate confirmation numbers,
+    // booked hours no record owns, records whose hours are free on their day.
+    QStringList warnings;
     int customers = 0, slips = 0, meetings = 0, storedSlips = 0, completedSlips = 0;
     int calls = 0, teams = 0, dayFiles = 0;
 
@@ -19,4 +23,5 @@ struct FolderCheck {
 
 // Checks the folder; with json set, also renders every file as one JSON object whose keys
 // are the file names (records as objects keyed by field names; day files under "days").
-FolderCheck CheckFolder(const QString& folder, QByteArray* json = nullptr);
+// The bookings are cross-checked from today (the system's date when not given) on.
+FolderCheck CheckFolder(const QString& folder, QByteArray* json = nullptr, QDate today = {});

@@ -1,6 +1,7 @@
 // dispatcher-check FOLDER [--json]
 // Reads every data file of an installation and prints a summary, or with --json every
-// record as JSON. Names each damaged file; exit status 1 when any is. Never writes.
+// record as JSON. Names each damaged file (exit status 1 when any is) and each booking the
+// files disagree on (exit status 3 when there are only such warnings). Never writes.
 #include "foldercheck.h"
 
 #include <QCoreApplication>
@@ -34,5 +35,8 @@ int main(int argc, char* argv[])
     }
     for (const QString& p : check.problems)
         std::fprintf(stderr, "damaged: %s\n", qPrintable(p));
-    return check.ok() ? 0 : 1;
+    for (const QString& w : check.warnings)
+        std::fprintf(stderr, "warning: %s\n", qPrintable(w));
+    if (!check.ok()) return 1;
+    return check.warnings.isEmpty() ? 0 : 3;
 }

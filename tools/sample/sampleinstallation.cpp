@@ -15,6 +15,7 @@
 
 #include <QDir>
 #include <QHash>
+#include <QSet>
 #include <random>
 
 namespace {
@@ -130,6 +131,12 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
     // Customers and their parallel records.
     QList<Customer> customers;
     customers.reserve(o.customers);
+    // The hours contract events show on, which the bookings below leave free: a booked
+    // hour under a contract event makes the grid warn of a conflict on every showing.
+    QSet<QString> contractHours;
+    auto contractHour = [](const QDate& date, int team, int slot) {
+        return QStringLiteral("%1|%2|%3").arg(date.toJulianDay()).arg(team).arg(slot);
+    };
     QByteArray customerBytes, contractBytes, cycleBytes;
     customerBytes.reserve(qsizetype(o.customers) * kCustomerRecordLength);
     contractBytes.reserve(qsizetype(o.customers) * kContractRecordLength);
@@ -184,13 +191,21 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
         k.setInt16(ContractField::ContractFlag, -1);
         k.setText(ContractField::ContractTime, QStringLiteral("None"));
         if (i < o.contracts) {
-            const QDate when = nextWorkDay(start.addDays(1 + rng() % 60));
+            QDate when = nextWorkDay(start.addDays(1 + rng() % 60));
+            int team = 1 + int(rng() % teams.size());
+            int slot = 3 + int(rng() % 4);
+            // One contract event an hour: a second would raise a conflict on the grid.
+            while (contractHours.contains(contractHour(when, team, slot))) {
+                when = nextWorkDay(when.addDays(1));
+                team = 1 + int(rng() % teams.size());
+            }
+            contractHours.insert(contractHour(when, team, slot));
             k.setText(ContractField::ContractService, QString::fromLatin1(pick(rng, kProblems)));
             k.setText(ContractField::ContractPlan, QStringLiteral("Quarterly"));
             k.setCurrency(ContractField::ContractPrice, qint64(8900 + rng() % 20000) * 100);
-            k.setText(ContractField::ContractTeam, teams[rng() % teams.size()]);
+            k.setText(ContractField::ContractTeam, teams[team - 1]);
             k.setReal(ContractField::ContractNextDate, ToOleDate(when));
-            k.setText(ContractField::ContractTime, v.TimeLabels[3 + rng() % 4]);
+            k.setText(ContractField::ContractTime, v.TimeLabels[slot]);
             k.setText(ContractField::ContractCustomer, cu.name);
         }
         contractBytes += k.bytes();
@@ -236,6 +251,14 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
             bool any = false;
             for (int e = 0; e < perDay && placedSlips + placedMeetings < events; ++e) {
                 const int hours = 1 + rng() % 3;
+                auto hitsContract = [&] {
+                    for (int h = 0; h < hours; ++h)
+                        if (contractHours.contains(contractHour(day, t, slot + h)))
+                            return true;
+                    return false;
+                };
+                while (slot + hours - 1 <= 12 && hitsContract())
+                    ++slot;
                 if (slot + hours - 1 > 12)
                     break;
                 const Customer& cu = customers[rng() % customers.size()];
@@ -254,8 +277,13 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
                     meetingBytes += r.bytes();
                     ++placedMeetings;
                 } else {
-                    // Booked one to fourteen days ahead, numbered by the day it was made.
-                    const QDate made = day.addDays(-qint64(1 + rng() % 14));
+                    // Booked one to fourteen days ahead, numbered by the day it was made,
+                    // and never made later than the sample's today (the counter then
+                    // stands past every number the sample uses): later bookings were
+                    // made over the last two weeks.
+                    QDate made = day.addDays(-qint64(1 + rng() % 14));
+                    if (made > start)
+                        made = start.addDays(-qint64(rng() % 14));
                     const int seq = ++sequenceByDay[made.dayOfYear()];
                     const QString number = ProgramConfirmation(QString::number(made.dayOfYear()), qint16(seq));
                     label = number + u' ' + cu.name;
@@ -283,6 +311,12 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
             return s;
     }
     summary.dayFiles = int(days.size());
+    // The next numbers of both schemes stand past every number the slips carry.
+    v.gJulianDay = QString::number(start.dayOfYear());
+    v.gSequence = qint16(sequenceByDay.value(start.dayOfYear()) + 1);
+    if (Status s = SaveCounter(c); !s) return s;
+    v.settings.txtNextSlip = QStringLiteral("1000");
+    if (Status s = SaveSlipNo(c); !s) return s;
     if (Status s = store.WriteFile("/Slips.txt", slipBytes); !s)
         return s;
     if (!meetingBytes.isEmpty())

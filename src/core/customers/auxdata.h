@@ -22,10 +22,16 @@ using AuxTexts = std::array<QString, 6>;
 
 QString AuxHeadingsFileName(); // "/AuxHeadings.txt"
 
-// The folder name an account number stands for below AuxFiles: the trimmed number with
-// separators and characters no folder name may hold made harmless, so that no account
-// number, "..", "a/b" or "C:x" among them, can lead outside its own folder.
+constexpr int kAuxFolderCount = 6;
+
+// The folder name an account number stands for below AuxFiles: the trimmed number, with
+// separators and characters no folder name may hold written as %XX, so that no account
+// number, "..", "a/b" or "C:x" among them, can lead outside its own folder, and no two
+// account numbers share one. The start-up repair and the aux panel both name folders
+// by it.
 QString AuxAccountFolder(const QString& account);
+// Makes AuxFiles/<account> and its AuxFile0 to AuxFile5 where they are missing.
+Status EnsureAuxFolders(Store& store, const QString& account);
 // "/AuxFiles/<account folder>/AuxFile<n>/Data.txt"
 QString AuxDataFileName(const QString& account, int n);
 

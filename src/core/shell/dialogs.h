@@ -30,5 +30,3 @@ public:
 
 // The program's name, the caption of every message without a title of its own.
 inline QString ApplicationTitle() { return QStringLiteral("Tresvane Dispatcher"); }
-// The executable's base name: it names the settings file and a folder of its own.
-inline QString ExecutableBaseName() { return QStringLiteral("TresvaneDispatcher"); }

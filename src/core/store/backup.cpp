@@ -1,16 +1,15 @@
 #include "backup.h"
 
 #include "dispatchingvariables.h"
-#include "shell/dialogs.h"
 #include "store.h"
 
-const QStringList& DataFileInventory()
+QStringList DataFileInventory(const QString& baseName)
 {
-    static const QStringList names = {
+    return {
         QStringLiteral("Assignto"),
         QStringLiteral("AuxHeadings"),
         QStringLiteral("CAHistory"),
-        u'/' + ExecutableBaseName() + QStringLiteral("Settings"),
+        u'/' + baseName + QStringLiteral("Settings"),
         QStringLiteral("TVSalesItems"),
         QStringLiteral("CompanyLogo"),
         QStringLiteral("CompletedSlips"),
@@ -36,7 +35,6 @@ const QStringList& DataFileInventory()
         QStringLiteral("TelCall"),
         QStringLiteral("UnscheduledSlips"),
     };
-    return names;
 }
 
 Status SetBackupPaths(CoreContext& c)
@@ -50,7 +48,7 @@ Status BackupDataFiles(CoreContext& c)
 {
     if (Status s = c.store.EnsureFolder(c.v.gBackupPath); !s)
         return s;
-    for (const QString& entry : DataFileInventory()) {
+    for (const QString& entry : DataFileInventory(c.store.baseName())) {
         const QString name = entry + QStringLiteral(".txt");
         const QString source = c.v.DayFilePath + name;
         // The plain test, not FileExists: a file missing here must not be fetched back

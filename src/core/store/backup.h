@@ -10,8 +10,9 @@
 // Phone.txt, CallID.txt, ProjectRecords.txt and the AuxFiles and Templates folders are not.
 
 // The 28 names of the inventory, in order, without ".txt". Entry 4 is the settings file and
-// carries its own leading separator, which doubles the separator in its path (harmless).
-const QStringList& DataFileInventory();
+// carries its own leading separator, which doubles the separator in its path (harmless);
+// it is named after the program's base name.
+QStringList DataFileInventory(const QString& baseName);
 
 // DayFilePath := "/", gBackupPath := "/Backup/", then BackupDataFiles.
 Status SetBackupPaths(CoreContext& c);

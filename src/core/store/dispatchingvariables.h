@@ -75,6 +75,7 @@ struct DispatchingVariables {
     qint16 gNextSlip = 0;   // next number of the continuous scheme
     bool gCounterExists = false;
     bool gKeepSlipNumber = false; // never set by any routine; kept for its readers
+    bool gNumberStepTold = false; // the user was told this run that a number on file was skipped
 
     // Settings in memory
     quint8 gStartHour = 8;

@@ -2,7 +2,6 @@
 
 #include "dispatchingvariables.h"
 #include "numbering.h"
-#include "shell/dialogs.h"
 #include "store.h"
 #include "textfile.h"
 
@@ -27,13 +26,16 @@ bool isWorkWeekCode(int code) { return code == 5 || code == 61 || code == 62 || 
 
 } // namespace
 
-QString SettingsFileName() { return u'/' + ExecutableBaseName() + QStringLiteral("Settings.txt"); }
+QString SettingsFileName(const Store& store)
+{
+    return u'/' + store.baseName() + QStringLiteral("Settings.txt");
+}
 
 Status LoadSettings(CoreContext& c)
 {
     DispatchingVariables& v = c.v;
     SetupSettings& s = v.settings;
-    const QString name = SettingsFileName();
+    const QString name = SettingsFileName(c.store);
     if (c.store.FileExists(name)) {
         Result<TextReader> reader = openText(c.store, name);
         if (!reader)
@@ -125,7 +127,7 @@ Status SaveSettings(CoreContext& c)
         .line(s.optServiceInvoice[2])
         .line(s.ckSlipStyle)
         .line(s.ckSize);
-    if (Status st = c.store.RewriteTextFile(SettingsFileName(), w.bytes()); !st)
+    if (Status st = c.store.RewriteTextFile(SettingsFileName(c.store), w.bytes()); !st)
         return st;
     if (s.ckSlipStyle != 1)
         return SaveSlipNo(c);

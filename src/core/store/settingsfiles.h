@@ -9,7 +9,8 @@
 // The small text files that configure an installation. Each reader leaves its default
 // when the file is missing; a damaged file is reported and nothing is changed.
 
-QString SettingsFileName(); // "/TresvaneDispatcherSettings.txt"
+// "/<base name>Settings.txt": "/TresvaneDispatcherSettings.txt" under the usual name.
+QString SettingsFileName(const Store& store);
 
 Status LoadSettings(CoreContext& c);
 // Writes the nine settings, then stores the continuous number (SaveSlipNo) or reloads

@@ -28,6 +28,11 @@ public:
     bool readOnly() const { return m_access == Access::ReadOnly; }
 
     QString root() const { return m_root; }
+    // The name the program was started under, without folders and extension. It names
+    // the settings file, a folder of the program's own and that folder's copy in Backup,
+    // so a copy of the program under another name keeps settings of its own.
+    QString baseName() const { return m_baseName; }
+    void setBaseName(const QString& name) { m_baseName = name; }
     // The absolute path a program-relative name stands for.
     QString path(const QString& name) const;
     // The component of a name that is a file name within a folder, made safe: a
@@ -96,4 +101,5 @@ private:
 
     QString m_root;
     Access m_access;
+    QString m_baseName = QStringLiteral("TresvaneDispatcher");
 };

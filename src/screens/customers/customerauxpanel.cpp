@@ -124,6 +124,9 @@ void CustomerAuxPanel::LoadAuxData()
     if (ckSaveAux->isChecked()) return;
     for (QPlainTextEdit* box : txtAux)
         box->clear();
+    // The account's folders are made good when its notes are first looked at, should the
+    // repair behind the forms not have reached it yet.
+    if (!account().trimmed().isEmpty()) report(EnsureAuxFolders(c.store, account()));
     Result<AuxTexts> texts = ReadAuxData(c.store, account());
     if (!texts) {
         report(texts.status());

@@ -4,6 +4,7 @@
 #include "schedule/booking.h"
 #include "schedule/contractoverlay.h"
 #include "schedule/dayview.h"
+#include "schedule/freenumber.h"
 #include "schedule/slipfiles.h"
 #include "schedule/slipmessage.h"
 #include "schedule/teammonth.h"
@@ -393,6 +394,7 @@ void frmMain::Form_Activate()
         // 5. The caption; 6. the number the slip will get.
         setCaption();
         if (mode == 2) ckSaveUnscheduled->setVisible(true);
+        if (mode == 2) fail(TakeFreeConfirmation(c));
         SlipNumber = c.v.gConfirmation;
 
         // 7. By mode.

@@ -26,6 +26,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QLockFile>
+#include <QTimer>
 
 App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
          QObject* parent)
@@ -49,7 +50,7 @@ QString App::lockFilePath() const
     const QByteArray key = QDir(store.root()).canonicalPath().toUtf8();
     const QString hash =
         QString::fromLatin1(QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex().left(16));
-    return m_lockFolder + u'/' + ExecutableBaseName() + u'-' + hash + QStringLiteral(".lock");
+    return m_lockFolder + u'/' + store.baseName() + u'-' + hash + QStringLiteral(".lock");
 }
 
 bool App::CheckPrevInstance()
@@ -78,21 +79,32 @@ bool App::Fatal(const Status& s)
 
 bool App::Main()
 {
+    // 0. A folder the program cannot work in is told before anything is made in it.
+    if (Status s = CheckProgramFolder(store); !s) {
+        m_dialogs.message(s.message(), {}, Dialogs::Buttons::Ok, Dialogs::Icon::Critical);
+        m_exited = true;
+        emit finished(1);
+        return false;
+    }
     // 1. One instance per program folder; a second one ends before touching anything.
     if (!CheckPrevInstance()) {
         m_exited = true;
         emit finished(1);
         return false;
     }
-    // 2. The folder tree.
+    // 2. The folder tree. The customers' aux folders are read up now, so a damaged
+    // customer file is told at once, and made behind the forms.
     if (Fatal(BuildFolders(ctx)))
+        return false;
+    m_auxRepair = std::make_unique<AuxFolderRepair>(store);
+    if (Fatal(m_auxRepair->prepare()))
         return false;
     // 3. Today, the hour labels and the business data.
     if (Fatal(InitStartupData(ctx)))
         return false;
     // 4. The setup screen, hidden, with its load sequence.
     setup = new frmSetup(ctx);
-    ScreenFrame::attach(setup, ExecutableBaseName(), [this] { closeBox(); });
+    ScreenFrame::attach(setup, store.baseName(), [this] { closeBox(); });
     connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
     if (Fatal(setup->Form_Load(m_detectedModemPort)))
         return false;
@@ -105,7 +117,30 @@ bool App::Main()
     // 7. The rest of the data behind the forms.
     if (Fatal(LoadAllData()))
         return false;
+    // 8. The aux folders, a few milliseconds per turn of the event loop.
+    RepairAuxFoldersInSlices();
     return true;
+}
+
+void App::RepairAuxFoldersInSlices()
+{
+    auto* timer = new QTimer(this);
+    timer->setInterval(0);
+    connect(timer, &QTimer::timeout, this, [this, timer] {
+        Result<bool> done = m_auxRepair && !m_exited ? m_auxRepair->run(8) : Result<bool>(true);
+        if (done && !*done) return;
+        timer->stop();
+        timer->deleteLater();
+        m_auxRepair.reset();
+        // A folder that cannot be made costs only that account's notes; the user is told.
+        if (!done) m_dialogs.message(done.message());
+    });
+    timer->start();
+}
+
+bool App::auxFoldersPending() const
+{
+    return m_auxRepair != nullptr;
 }
 
 Status App::LoadAllData()
@@ -133,7 +168,7 @@ Status App::LoadAllData()
 void App::CreateSplash()
 {
     splash = new frmSplash(ctx);
-    ScreenFrame::attach(splash, ExecutableBaseName() + QStringLiteral("Splash"),
+    ScreenFrame::attach(splash, store.baseName() + QStringLiteral("Splash"),
                         [this] { closeBox(); });
     connect(splash, &frmSplash::showMenu, this, &App::ShowMenu);
     connect(splash, &frmSplash::showSetup, this, &App::ShowSetup);
@@ -142,7 +177,7 @@ void App::CreateSplash()
 void App::CreateStartup()
 {
     startup = new frmStartup(ctx, PrintEnabled, [this](int i) { return EntryBuilt(i); });
-    ScreenFrame::attach(startup, ExecutableBaseName(), [this] { closeBox(); });
+    ScreenFrame::attach(startup, store.baseName(), [this] { closeBox(); });
     connect(startup, &frmStartup::createModify, this, &App::ShowSetup);
     connect(startup, &frmStartup::exitProgram, this, &App::ExitProgram);
     connect(startup, &frmStartup::openWebPage, this, &App::OpenWebPage);
@@ -302,7 +337,7 @@ void App::ShowHistoryForCustomer(const QString& account)
 
 void App::Adopt(QWidget* screen)
 {
-    ScreenFrame::attach(screen, ExecutableBaseName(), [this] { closeBox(); });
+    ScreenFrame::attach(screen, store.baseName(), [this] { closeBox(); });
     m_working.append(screen);
 }
 

@@ -4,11 +4,12 @@
 #include "store/dispatchingvariables.h"
 #include "store/store.h"
 
-#include <QObject>
 #include <QList>
+#include <QObject>
 #include <QPointer>
 #include <memory>
 
+class AuxFolderRepair;
 class Clock;
 class Desktop;
 class Dialogs;
@@ -70,6 +71,8 @@ public:
     QString lockFilePath() const;
 
     bool exited() const { return m_exited; }
+    // True while the customers' aux folders are still being made behind the forms.
+    bool auxFoldersPending() const;
 
     Store store;
     DispatchingVariables v;
@@ -93,8 +96,7 @@ signals:
 private:
     // Brings a working screen up: every other working screen hides, the menu goes, the
     // screen shows and its Form_Activate runs with Mode as it stands.
-    template <class Screen>
-    void Bring(Screen* screen);
+    template <class Screen> void Bring(Screen* screen);
     void LeaveMenu();
     void HideWorkingScreens(QWidget* except);
     // Remembers a working screen for hiding and for the way out; it gets the screen frame.
@@ -105,6 +107,7 @@ private:
     frmMain* MainForm();
 
     bool CheckPrevInstance();
+    void RepairAuxFoldersInSlices();
     Status LoadAllData();
     void CreateSplash();
     void CreateStartup();
@@ -116,6 +119,7 @@ private:
     Dialogs& m_dialogs;
     Desktop& m_desktop;
     std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<AuxFolderRepair> m_auxRepair;
     QList<QPointer<QWidget>> m_working;
     QString m_lockFolder;
     qint16 m_detectedModemPort = 0;

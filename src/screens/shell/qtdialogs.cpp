@@ -1,15 +1,36 @@
 #include "qtdialogs.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QSpacerItem>
+
+namespace
+{
+
+// The width a dialog needs so the window manager has room for its whole title beside the
+// close box: a message box sizes itself by its text alone and would cut a long title.
+int titleRoom(const QString& title)
+{
+    const QFontMetrics metrics(QApplication::font());
+    return metrics.horizontalAdvance(title) + 140;
+}
+
+} // namespace
 
 Dialogs::Answer QtDialogs::message(const QString& text, const QString& title, Buttons buttons,
                                    Icon icon)
 {
     QMessageBox box(m_parent);
-    box.setWindowTitle(title.isEmpty() ? ApplicationTitle() : title);
+    const QString caption = title.isEmpty() ? ApplicationTitle() : title;
+    box.setWindowTitle(caption);
     box.setText(text);
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(
+            new QSpacerItem(titleRoom(caption), 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
+            grid->rowCount(), 0, 1, grid->columnCount());
     switch (icon) {
     case Icon::None:
         box.setIcon(QMessageBox::NoIcon);
@@ -61,13 +82,17 @@ Dialogs::Answer QtDialogs::message(const QString& text, const QString& title, Bu
 std::optional<QString> QtDialogs::input(const QString& prompt, const QString& title,
                                         const QString& defaultText)
 {
-    bool ok = false;
-    const QString text =
-        QInputDialog::getText(m_parent, title.isEmpty() ? ApplicationTitle() : title, prompt,
-                              QLineEdit::Normal, defaultText, &ok);
-    if (!ok)
-        return std::nullopt;
-    return text;
+    QInputDialog dialog(m_parent);
+    const QString caption = title.isEmpty() ? ApplicationTitle() : title;
+    dialog.setWindowTitle(caption);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(defaultText);
+    dialog.setMinimumWidth(titleRoom(caption));
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.textValue();
 }
 
-void QtDialogs::beep() { QApplication::beep(); }
+void QtDialogs::beep()
+{
+    QApplication::beep();
+}

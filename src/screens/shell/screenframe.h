@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 #include <QString>
 #include <functional>
 
@@ -39,6 +40,11 @@ private:
     bool m_restored = false;
     bool m_allowClose = false;
 };
+
+// Where a window of this geometry goes on a screen of this available area: no larger than
+// the area and wholly inside it, centred when centre is set (a first showing), else moved
+// no further than it must.
+QRect PlaceOnScreen(QRect window, const QRect& available, bool centre);
 
 // Resets a screen by the tags of its controls (the dynamic property "Tag"): "Hide" and
 // "Instruction" become invisible, "Button" is disabled, untagged controls are left alone.

@@ -23,6 +23,7 @@ private slots:
     void auxDataOfAnExistingInstallation();
     void accountNumberNeverLeavesItsFolder_data();
     void accountNumberNeverLeavesItsFolder();
+    void accountsNeverShareAFolder();
 };
 
 void TestTextFormats::speedNumbersReadAndWritten()
@@ -294,6 +295,29 @@ void TestTextFormats::accountNumberNeverLeavesItsFolder()
     Result<AuxTexts> back = ReadAuxData(f.store, account);
     QVERIFY(back.ok());
     QCOMPARE((*back)[0], QStringLiteral("x\r\n"));
+}
+
+void TestTextFormats::accountsNeverShareAFolder()
+{
+    // Accounts that differ only in characters a folder name cannot hold, or in a code
+    // that stands for one of them, each keep notes of their own.
+    const QStringList accounts = {"A*B",  "A?B",      "A_B",      "A%2AB", "A%B",    "a/b",
+                                  "a\\b", "555:0100", "555_0100", "..",    "%2E%2E", "50%"};
+    ProgramFolder f;
+    QSet<QString> folders;
+    for (const QString& account : accounts) {
+        folders.insert(AuxAccountFolder(account));
+        QVERIFY(WriteAuxData(f.store, account, AuxTexts{account}).ok());
+    }
+    QCOMPARE(folders.size(), accounts.size());
+    for (const QString& account : accounts) {
+        Result<AuxTexts> back = ReadAuxData(f.store, account);
+        QVERIFY(back.ok());
+        QCOMPARE((*back)[0], account + QStringLiteral("\r\n"));
+    }
+    // Ordinary accounts keep the folder of their own name, as older installations have it.
+    for (const char* plain : {"217-555-0100", "SMITH01", "50%"})
+        QCOMPARE(AuxAccountFolder(plain), QString::fromLatin1(plain));
 }
 
 QTEST_GUILESS_MAIN(TestTextFormats)

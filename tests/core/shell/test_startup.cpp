@@ -23,7 +23,10 @@ private slots:
     void firstStartMakesTheFolderTree();
     void auxFoldersComeBack();
     void auxFoldersOfOddAccounts();
+    void auxRepairInSlicesMakesEachFolderOnce();
     void damagedCustomerFileIsReported();
+    void programFolderThatCannotBeWorkedIn();
+    void renamedProgramKeepsItsOwnSettings();
     void requiredFiles_data();
     void requiredFiles();
     void requiredFileComesBackFromBackup();
@@ -52,7 +55,10 @@ void TestStartup::auxFoldersComeBack()
     ProgramFolder f;
     f.put("CustomerData.txt", customerRecord("ACC1") + customerRecord("B-200"));
     f.put("AuxFiles/ACC1/AuxFile3/Data.txt", "kept");
+    // The folder tree leaves them to the repair, which the program runs behind the forms.
     QVERIFY(BuildFolders(f.ctx).ok());
+    QVERIFY(!f.hasFolder("AuxFiles/B-200"));
+    QVERIFY(BuildAuxFolders(f.ctx).ok());
     for (const char* account : {"ACC1", "B-200"})
         for (int i = 0; i < 6; ++i)
             QVERIFY(f.hasFolder(QStringLiteral("AuxFiles/%1/AuxFile%2").arg(account).arg(i)));
@@ -74,14 +80,77 @@ void TestStartup::auxFoldersOfOddAccounts()
     f.put("AuxFiles/acc7/AuxFile0/Data.txt", "x");
     f.put("CustomerData.txt",
           customerRecord("ACC7") + customerRecord("../escape") + customerRecord(""));
-    QVERIFY(BuildFolders(f.ctx).ok());
+    QVERIFY(BuildAuxFolders(f.ctx).ok());
     QVERIFY(f.hasFolder("AuxFiles/acc7/AuxFile5"));
     QVERIFY(!f.hasFolder("AuxFiles/ACC7"));
     QVERIFY(!QFileInfo::exists(f.abs("escape")));
     QVERIFY(!f.hasFolder("AuxFiles/AuxFile0"));
-    const QStringList entries = QDir(f.abs("AuxFiles")).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
+    const QStringList entries =
+        QDir(f.abs("AuxFiles")).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
     QCOMPARE(entries.size(), 2);
-    QVERIFY(f.hasFolder("AuxFiles/.._escape/AuxFile0"));
+    QVERIFY(f.hasFolder("AuxFiles/..%2Fescape/AuxFile0"));
+}
+
+void TestStartup::auxRepairInSlicesMakesEachFolderOnce()
+{
+    ProgramFolder f;
+    QByteArray data;
+    for (int i = 0; i < 300; ++i)
+        data += customerRecord("C" + QByteArray::number(i));
+    f.put("CustomerData.txt", data);
+    AuxFolderRepair repair(f.store);
+    QVERIFY(repair.prepare().ok());
+    // A budget of nothing still makes headway: every slice handles at least one account.
+    int slices = 0;
+    for (;;) {
+        Result<bool> done = repair.run(0);
+        QVERIFY(done.ok());
+        ++slices;
+        if (*done) break;
+        QVERIFY(slices <= 301);
+    }
+    QVERIFY(slices > 1);
+    QCOMPARE(QDir(f.abs("AuxFiles")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 300);
+    QVERIFY(f.hasFolder("AuxFiles/C299/AuxFile5"));
+}
+
+void TestStartup::programFolderThatCannotBeWorkedIn()
+{
+    ProgramFolder f;
+    QVERIFY(CheckProgramFolder(f.store).ok());
+    // Older installations kept the executable among the data, under the name of the
+    // program's own folder.
+    f.put("TresvaneDispatcher", "\x7f"
+                                "ELF");
+    const Status s = CheckProgramFolder(f.store);
+    QVERIFY(!s.ok());
+    QVERIFY2(s.message().contains("holds a file named TresvaneDispatcher"),
+             qPrintable(s.message()));
+    QVERIFY2(s.message().contains("Delete or move that file"), qPrintable(s.message()));
+    // Under another name the same folder is fine, and a folder that is not there is told.
+    f.store.setBaseName("AcmeDispatch");
+    QVERIFY(CheckProgramFolder(f.store).ok());
+    Store missing(f.abs("nowhere"));
+    QVERIFY2(CheckProgramFolder(missing).message().contains("does not exist"),
+             qPrintable(CheckProgramFolder(missing).message()));
+}
+
+void TestStartup::renamedProgramKeepsItsOwnSettings()
+{
+    ProgramFolder f;
+    f.store.setBaseName("AcmeDispatch");
+    f.put("Assignto.txt", "\"North\"\r\n");
+    f.put("MyBusinessData.txt", "x");
+    f.put("ProblemCode.txt", "\"No Heat\"\r\n");
+    f.put("TresvaneDispatcherSettings.txt", "8\r\n");
+    // The settings of the usual name are not this copy's.
+    QVERIFY(!AllRequiredFilesExist(f.ctx));
+    f.put("AcmeDispatchSettings.txt", "8\r\n");
+    QVERIFY(AllRequiredFilesExist(f.ctx));
+    QVERIFY(BuildFolders(f.ctx).ok());
+    QVERIFY(f.hasFolder("AcmeDispatch"));
+    QVERIFY(f.hasFolder("Backup/AcmeDispatch"));
+    QVERIFY(!f.hasFolder("TresvaneDispatcher"));
 }
 
 void TestStartup::damagedCustomerFileIsReported()
@@ -142,7 +211,8 @@ void TestStartup::internetShortcut()
     Result<QString> path = WriteInternetShortcut(f.store, "https://example.org/a");
     QVERIFY(path.ok());
     QCOMPARE(*path, f.abs("Temp.url"));
-    QCOMPARE(f.get("Temp.url"), QByteArray("[InternetShortcut]\r\nURL = https://example.org/a\r\n"));
+    QCOMPARE(f.get("Temp.url"),
+             QByteArray("[InternetShortcut]\r\nURL = https://example.org/a\r\n"));
 }
 
 void TestStartup::menuRules_data()
@@ -185,12 +255,9 @@ void TestStartup::menuRules()
     QFETCH(bool, printAllowed);
     QFETCH(QList<int>, closed);
     ProgramFolder f;
-    if (!unscheduled.isNull())
-        f.put("UnscheduledSlips.txt", unscheduled);
-    if (!slips.isNull())
-        f.put("Slips.txt", slips);
-    if (!meetings.isNull())
-        f.put("Meetings.txt", meetings);
+    if (!unscheduled.isNull()) f.put("UnscheduledSlips.txt", unscheduled);
+    if (!slips.isNull()) f.put("Slips.txt", slips);
+    if (!meetings.isNull()) f.put("Meetings.txt", meetings);
     f.v.gModemPort = qint16(modemPort);
     f.v.settings.ckPhone = qint16(ckPhone);
     const MenuState m = MenuActivation(f.ctx, printAllowed);

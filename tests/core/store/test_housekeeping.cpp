@@ -37,7 +37,7 @@ void TestHousekeeping::inventoryInItsOrder()
         "MyBusinessData", "PrintColors",      "ProblemCode",    "PurgedDate",
         "ServiceInvoiceMemo", "ServiceHistory", "Services",     "SlipNo",
         "Slips",         "SpeedNumbers",      "TelCall",        "UnscheduledSlips"};
-    QCOMPARE(DataFileInventory(), expected);
+    QCOMPARE(DataFileInventory("TresvaneDispatcher"), expected);
 }
 
 void TestHousekeeping::backupCopiesWhatExists()
