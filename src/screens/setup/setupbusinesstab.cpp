@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 namespace {
+constexpr int kInternationalStateLength = 55;
 // 5385 twips, the width of the two long address lines of the international layout.
 constexpr int kWideTwips = 5385;
 int twipsToPixels(const QWidget* w, int twips) { return twips * w->logicalDpiX() / 1440; }
@@ -107,6 +108,9 @@ SetupBusinessTab::SetupBusinessTab(CoreContext& ctx, QWidget* parent) : QWidget(
 
 void SetupBusinessTab::BuildBusiness()
 {
+    // The limits are the style's, chosen below: until then the boxes take the file's
+    // texts whole, so an international address is not cut to a state's two letters.
+    txtBusiness[4]->setMaxLength(kInternationalStateLength);
     for (int i = 0; i < 9; ++i)
         txtBusiness[i]->setText(c.v.settings.txtBusiness[i]);
     // The style is set to the opposite of the wanted one and turned by the click.
@@ -134,7 +138,7 @@ void SetupBusinessTab::cmdAddress_Click()
         txtBusiness[5]->setEnabled(false);
         txtBusiness[3]->setFixedWidth(twipsToPixels(this, kWideTwips));
         txtBusiness[4]->setFixedWidth(twipsToPixels(this, kWideTwips));
-        txtBusiness[4]->setMaxLength(55);
+        txtBusiness[4]->setMaxLength(kInternationalStateLength);
     } else {
         s.cmdAddress = kUsaStyleAddress;
         lblPostal->setVisible(true);
@@ -143,7 +147,9 @@ void SetupBusinessTab::cmdAddress_Click()
         lblAddress[5]->setVisible(true);
         txtBusiness[5]->setText(c.v.gBusiness[5]);
         txtBusiness[5]->setEnabled(true);
-        txtBusiness[4]->setMaxLength(2);
+        // Two letters for a state; a longer text the box already holds stays as it is
+        // rather than being cut without a word.
+        txtBusiness[4]->setMaxLength(qMax(2, int(txtBusiness[4]->text().size())));
         txtBusiness[3]->setFixedWidth(m_narrowWidth);
         txtBusiness[4]->setFixedWidth(m_narrowWidth);
     }
