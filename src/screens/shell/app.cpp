@@ -25,13 +25,12 @@
 
 #include <QCryptographicHash>
 #include <QDir>
-#include <QLockFile>
 #include <QTimer>
 
 App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
          QObject* parent)
     : QObject(parent), store(programFolder), ctx{store, clock, dialogs, v}, m_clock(clock),
-      m_dialogs(dialogs), m_desktop(desktop), m_lockFolder(QDir::tempPath())
+      m_dialogs(dialogs), m_desktop(desktop)
 {
 }
 
@@ -46,23 +45,69 @@ App::~App()
 
 QString App::lockFilePath() const
 {
-    // One lock per program folder, named after the folder's path.
+    // The lock lives in the program folder, so that a second computer opening the same
+    // shared folder finds it; whatever name the program runs under, the folder's data
+    // files are the same ones. Tests may keep it elsewhere, named after the folder.
+    if (m_lockFolder.isEmpty())
+        return store.root() + QStringLiteral("/TresvaneDispatcher.lock");
     const QByteArray key = QDir(store.root()).canonicalPath().toUtf8();
-    const QString hash =
-        QString::fromLatin1(QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex().left(16));
+    const QString hash = QString::fromLatin1(
+        QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex().left(16));
     return m_lockFolder + u'/' + store.baseName() + u'-' + hash + QStringLiteral(".lock");
 }
 
 bool App::CheckPrevInstance()
 {
-    m_lock = std::make_unique<QLockFile>(lockFilePath());
-    m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock(0))
+    m_lock = std::make_unique<FolderLock>(lockFilePath(), store.baseName());
+    FolderLock::Outcome outcome = m_lock->take(m_clock.now());
+    if (outcome == FolderLock::Outcome::HeldElsewhere) {
+        // The other computer may be switched off with the program never ended: the user
+        // may take the folder over, knowing what it means.
+        if (m_dialogs.message(HeldElsewhereMessage(m_lock->holder()), {},
+                              Dialogs::Buttons::YesNo,
+                              Dialogs::Icon::Exclamation) == Dialogs::Answer::Yes)
+            outcome = m_lock->takeOver(m_clock.now());
+        else {
+            m_lock.reset();
+            return false;
+        }
+    }
+    switch (outcome) {
+    case FolderLock::Outcome::Taken:
         return true;
+    case FolderLock::Outcome::HeldHere:
+        m_dialogs.message(HeldHereMessage(m_lock->holder()));
+        break;
+    default:
+        m_dialogs.message(m_lock->error(), {}, Dialogs::Buttons::Ok, Dialogs::Icon::Critical);
+        break;
+    }
     m_lock.reset();
-    m_dialogs.message(ApplicationTitle() + QStringLiteral(" is already Running!\n"
-                                                          "Look for it on the Task Bar"));
     return false;
+}
+
+QString App::HeldHereMessage(const FolderLock::Holder& h)
+{
+    return ApplicationTitle() +
+           QStringLiteral(" is already Running!\nLook for it on the Task Bar\n\n"
+                          "It was started by %1 on %2.")
+               .arg(h.user, h.since.toString(QStringLiteral("MM/dd/yyyy h:mm AP")));
+}
+
+QString App::HeldElsewhereMessage(const FolderLock::Holder& h)
+{
+    const QString who =
+        h.readable ? QStringLiteral("It was started on the computer %1 by %2 on %3.")
+                         .arg(h.host, h.user,
+                              h.since.toString(QStringLiteral("MM/dd/yyyy h:mm AP")))
+                   : QStringLiteral("Its lock file cannot be read.");
+    return ApplicationTitle() +
+           QStringLiteral(" is already Running!\n%1\n\n"
+                          "If the program on that computer has ended without closing (the "
+                          "computer may be switched off), this computer can take the folder "
+                          "over. Never do so while it still runs there: both would write the "
+                          "same files.\n\nTake the folder over?")
+               .arg(who);
 }
 
 bool App::Fatal(const Status& s)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/corecontext.h"
+#include "store/folderlock.h"
 #include "store/dispatchingvariables.h"
 #include "store/store.h"
 
@@ -13,7 +14,6 @@ class AuxFolderRepair;
 class Clock;
 class Desktop;
 class Dialogs;
-class QLockFile;
 class frmCallRecord;
 class frmCustomer;
 class frmMain;
@@ -65,10 +65,14 @@ public:
     // The port the modem answered on at start, 0 for none; the modem probe comes with the
     // telephony screens.
     void setDetectedModemPort(qint16 port) { m_detectedModemPort = port; }
-    // Where the single-instance lock lives (default: the system's temporary folder), so
-    // the data folder gets no file of its own for it.
+    // The single-instance lock is TresvaneDispatcher.lock in the program folder; a test
+    // that compares the folder's files byte by byte keeps it in a folder of its own.
     void setLockFolder(const QString& folder) { m_lockFolder = folder; }
     QString lockFilePath() const;
+    // What a second start is told: the folder is held by a live program of this computer,
+    // or by another computer (with the question whether to take it over).
+    static QString HeldHereMessage(const FolderLock::Holder& holder);
+    static QString HeldElsewhereMessage(const FolderLock::Holder& holder);
 
     bool exited() const { return m_exited; }
     // True while the customers' aux folders are still being made behind the forms.
@@ -118,7 +122,7 @@ private:
     const Clock& m_clock;
     Dialogs& m_dialogs;
     Desktop& m_desktop;
-    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<FolderLock> m_lock;
     std::unique_ptr<AuxFolderRepair> m_auxRepair;
     QList<QPointer<QWidget>> m_working;
     QString m_lockFolder;

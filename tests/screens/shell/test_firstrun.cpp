@@ -12,6 +12,7 @@
 #include "shell/frmsplash.h"
 #include "shell/frmstartup.h"
 #include "shell/screenframe.h"
+#include "store/folderlock.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -21,7 +22,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLockFile>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -88,6 +88,7 @@ private slots:
     void initTestCase() { ScreenFrame::setGeometryKept(false); }
     void firstRunFromSplashToMenu();
     void secondInstanceTouchesNothing();
+    void folderHeldByAnotherComputer();
     void auxFoldersComeBackAtStart();
     void continueGoesToTheMenuWhenFilesStand();
     void closeBoxEndsTheProgram();
@@ -225,11 +226,13 @@ void TestFirstRun::secondInstanceTouchesNothing()
     Run run;
     auto first = run.start();
     // The first instance holds the folder's lock.
-    QLockFile held(first->lockFilePath());
-    QVERIFY(held.tryLock(0));
+    FolderLock held(first->lockFilePath(), "TresvaneDispatcher");
+    QCOMPARE(held.take(QDateTime(QDate(2026, 4, 30), QTime(8, 5))), FolderLock::Outcome::Taken);
 
     auto second = run.start();
-    run.dialogs.expect("Tresvane Dispatcher is already Running!\nLook for it on the Task Bar");
+    run.dialogs.expect("Tresvane Dispatcher is already Running!\nLook for it on the Task Bar\n\n"
+                       "It was started by " +
+                       FolderLock::userName() + " on 04/30/2026 8:05 AM.");
     QSignalSpy finished(second.get(), &App::finished);
     QVERIFY(!second->Main());
     VERIFY_DIALOGS(run.dialogs);
@@ -238,14 +241,54 @@ void TestFirstRun::secondInstanceTouchesNothing()
     QVERIFY(!second->splash);
 
     // Two Apps in one folder: the second is refused while the first runs.
-    held.unlock();
+    held.release();
     QVERIFY(first->Main());
     const QStringList before = run.tree();
     auto third = run.start();
-    run.dialogs.expect("Tresvane Dispatcher is already Running!\nLook for it on the Task Bar");
+    run.dialogs.expectContaining("Tresvane Dispatcher is already Running!\nLook for it on the Task Bar");
     QVERIFY(!third->Main());
     QCOMPARE(run.tree(), before);
     VERIFY_DIALOGS(run.dialogs);
+    // Once the first has ended, a start goes ahead.
+    first->ExitProgram();
+    auto fourth = run.start();
+    QVERIFY(fourth->Main());
+}
+
+void TestFirstRun::folderHeldByAnotherComputer()
+{
+    Run run;
+    auto app = run.start();
+    const QString lock = app->lockFilePath();
+    const QByteArray theirs = "program: TresvaneDispatcher\nhost: FRONTDESK\nuser: anna\n"
+                              "pid: 4242\nsince: 2026-04-30T07:58:00\n";
+    QVERIFY(QDir().mkpath(QFileInfo(lock).path()));
+    auto writeLock = [&] {
+        QFile f(lock);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(theirs);
+    };
+    writeLock();
+    const QString question =
+        "Tresvane Dispatcher is already Running!\nIt was started on the computer FRONTDESK by "
+        "anna on 04/30/2026 7:58 AM.";
+    // No: nothing is touched, the other computer keeps the folder.
+    run.dialogs.expectContaining(question, Dialogs::Answer::No);
+    QVERIFY(!app->Main());
+    VERIFY_DIALOGS(run.dialogs);
+    QVERIFY(run.tree().isEmpty());
+    QFile f(lock);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    QCOMPARE(f.readAll(), theirs);
+    f.close();
+
+    // Yes: this computer takes the folder over and starts.
+    auto again = run.start();
+    run.dialogs.expectContaining(question, Dialogs::Answer::Yes);
+    QVERIFY(again->Main());
+    VERIFY_DIALOGS(run.dialogs);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    QVERIFY(f.readAll().contains("host: " + FolderLock::hostName().toUtf8()));
 }
 
 void TestFirstRun::auxFoldersComeBackAtStart()
