@@ -30,8 +30,8 @@ QDate OpeningBookingDate(CoreContext& c);
 // The calendar's change logic for a date the user picked, without the grid: a day before
 // today is refused (beep if alarms, the calendar message if prompts) and becomes today; today
 // becomes NextBookingDate; a later year gets its folders; the date moves past the days not
-// worked. gDayOfYear takes the day of the year of the result, which later decides which
-// past days a delete leaves alone. Returns the date the calendar is to show.
+// worked. gDayOfYear takes the day of the year of the result. Returns the date the
+// calendar is to show.
 Result<QDate> CalenderChange(CoreContext& c, QDate picked);
 
 // What cmdSave reads from the Scheduling Screen. The team is CurrentTeam.
