@@ -99,6 +99,11 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
         return BookingSaved::NoTimeSelected;
     }
 
+    // A Service Attention whose number cannot be followed by another is not saved at all:
+    // neither the day nor the record, so that no number is ever used twice.
+    if (v.Mode == 2)
+        if (Status s = SlipNumberCanAdvance(v); !s) return s;
+
     if (Status s = WriteDayFile(c, screen.calendarDate, v.CurrentTeam); !s) return s;
     FillSlipRecord(v, values);
 

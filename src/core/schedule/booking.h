@@ -59,8 +59,9 @@ enum class BookingSaved {
 
 // cmdSave. The day file is written first and the record after it, and the number is
 // advanced only once the record stands on disk; each message is shown after what it
-// confirms is flushed. DaySlots must be as the last WriteSlots left them. A failure of a
-// file stops the sequence where it is and is returned for the screen to show.
+// confirms is flushed. DaySlots must be as the last WriteSlots left them. A Service
+// Attention whose number could not be stepped past is refused before anything is written.
+// A failure of a file stops the sequence where it is and is returned for the screen to show.
 Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen);
 
 // Deletes the slip of the stored-slip list's row after asking "This will Delete the
