@@ -454,6 +454,7 @@ bool frmCustomer::UpdateCustomerRecord()
         return false;
     }
     if (check->save) {
+        at = PositionAfterSave(at);
         AddCity(c.v.gCustomer.text(CustomerField::Address3));
         EnableNavigation(true);
         EnableLocate(true);
