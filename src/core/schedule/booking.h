@@ -64,6 +64,12 @@ enum class BookingSaved {
 // A failure of a file stops the sequence where it is and is returned for the screen to show.
 Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen);
 
+// Puts the stored slip of the list's row (its record number in UnscheduledSlips.txt) in
+// hand for booking: the current-customer fields take the slip's own account, name and
+// address, whatever customer was in hand before, and its problem text is returned for the
+// problem box. A row that matches no record is refused and changes nothing.
+Result<QString> LoadStoredSlip(CoreContext& c, qint32 row);
+
 // Deletes the slip of the stored-slip list's row after asking "This will Delete the
 // Selected Slip Record". True when it was deleted. The last record gone removes the file.
 Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row);

@@ -691,19 +691,15 @@ void frmMain::cmdUnscheduled_Click(int index)
     case StoredSlipsFrame::LoadSlip: {
         const int row = fraUnscheduled->selectedRecord();
         if (row < 1) return;
-        FlexGrid* list = fraUnscheduled->fgUnscheduled;
+        // The slip's own record, not the list's cells: it carries the account, both
+        // address lines and the problem text that the list does not show.
+        Result<QString> problem = LoadStoredSlip(c, row);
+        if (fail(problem.status())) return;
         fraUnscheduled->hide();
-        // The list's street lands in the second address line, and the account and street
-        // keep what the last customer left: stored slips have always been booked so.
-        c.v.gCurName = list->textMatrix(row - 1, 0);
-        c.v.gCurAddress2 = list->textMatrix(row - 1, 1);
-        c.v.gCurCity = list->textMatrix(row - 1, 2);
-        c.v.gCurState = list->textMatrix(row - 1, 3);
-        c.v.gCurZip = list->textMatrix(row - 1, 4);
-        c.v.gCurPhone = list->textMatrix(row - 1, 5);
         c.v.Mode = 2;
         Form_Activate();
         // Set after the activation, which starts every event afresh.
+        cboService->setEditText(*problem);
         FromStoredSlip = -1;
         m_storedSlipRow = row;
         return;

@@ -135,6 +135,7 @@ private slots:
     void activationByMode();
     void lastStoredSlipScheduledClosesTheMenuEntry();
     void deleteAllStoredSlipsAsksTwice();
+    void storedSlipIsBookedWithItsOwnCustomer();
     void menuAndCustomerBringTheScreen();
 };
 
@@ -561,8 +562,7 @@ void TestFrmMain::lastStoredSlipScheduledClosesTheMenuEntry()
     QCOMPARE(run.app->v.Mode, qint16(2));
     QVERIFY(!w->fraUnscheduled->isVisible());
     QVERIFY(w->fgHours->isVisible());
-    // The list's street arrives as the second address line.
-    QCOMPARE(run.app->v.gCurAddress2, QString("9 Elm St"));
+    QCOMPARE(run.app->v.gCurAddress1, QString("9 Elm St"));
     QCOMPARE(w->txtName->text(), QString("Cy Twombly"));
 
     const QModelIndex index = w->fgHours->model()->index(6, 1);
@@ -616,6 +616,42 @@ void TestFrmMain::deleteAllStoredSlipsAsksTwice()
     QVERIFY(!QFile::exists(run.abs("UnscheduledSlips.txt")));
     QVERIFY(!run.app->startup->lblSub[8]->isEnabled());
     run.app->ExitProgram();
+}
+
+// A stored slip loaded after another customer was in hand is booked with its own account,
+// address lines and problem text, and only its own record leaves the store.
+void TestFrmMain::storedSlipIsBookedWithItsOwnCustomer()
+{
+    Screen s{2}; // Ada Byron, A-100, was the last customer
+    const QByteArray cy = slipBytes("Cy Twombly", "9 Elm St", "555-0199");
+    SlipRecord di(slipBytes("Di Arbus", "2 Oak Lane", "555-0102"));
+    di.setText(SlipField::AcctNo, "D-200");
+    di.setText(SlipField::Apt, "Rear door");
+    di.setText(SlipField::Reference, "Boiler knocks");
+    s.f.put("UnscheduledSlips.txt", cy + di.bytes());
+    s.f.v.Mode = 9;
+    s.w->Form_Activate();
+    s.w->fraUnscheduled->fgUnscheduled->selectRow(1);
+    QTest::mouseClick(s.w->fraUnscheduled->cmdUnscheduled[1], Qt::LeftButton);
+    QCOMPARE(s.w->txtAccount->text(), QString("D-200"));
+    QCOMPARE(s.w->txtName->text(), QString("Di Arbus"));
+    QCOMPARE(s.w->txtAddress1->text(), QString("2 Oak Lane"));
+    QCOMPARE(s.w->txtAddress2->text(), QString("Rear door"));
+    QCOMPARE(s.w->cboService->currentText(), QString("Boiler knocks"));
+
+    s.clickRow(5);
+    s.f.dialogs.expect("Service  Attention SA120-1 has been Scheduled", "Confirmation");
+    s.f.dialogs.expect("This will Delete the Selected Slip Record", "Record Deletion", Answer::Yes);
+    QTest::mouseClick(s.w->cmdSave, Qt::LeftButton);
+    VERIFY_DIALOGS(s.f.dialogs);
+    const SlipRecord saved = s.record("Slips.txt");
+    QCOMPARE(saved.text(SlipField::AcctNo), QString("D-200"));
+    QCOMPARE(saved.text(SlipField::Name), QString("Di Arbus"));
+    QCOMPARE(saved.text(SlipField::Street), QString("2 Oak Lane"));
+    QCOMPARE(saved.text(SlipField::Apt), QString("Rear door"));
+    QCOMPARE(saved.text(SlipField::Tel), QString("555-0102"));
+    QCOMPARE(saved.text(SlipField::Reference), QString("Boiler knocks"));
+    QCOMPARE(s.f.get("UnscheduledSlips.txt"), cy);
 }
 
 void TestFrmMain::menuAndCustomerBringTheScreen()
