@@ -551,7 +551,10 @@ void frmMain::fgHours_Click(int row)
 
 void frmMain::updnTime_Change(int step)
 {
-    const int hours = qBound(1, txtTime->text().trimmed().toInt() + step, 12);
+    const int before = txtTime->text().trimmed().toInt();
+    const int hours = qBound(1, before + step, 12);
+    // A press against either end changes nothing, so the placed event stays where it is.
+    if (hours == before) return;
     txtTime->setText(QString::number(hours));
     ResetTimeSelection();
 }

@@ -121,6 +121,8 @@ private slots:
     void serviceSlipEndToEnd();
     void hoursAgainstTheDaysEnd_data();
     void hoursAgainstTheDaysEnd();
+    void hoursSpinnerAfterPlacing_data();
+    void hoursSpinnerAfterPlacing();
     void lastClickIsTheStartSlot();
     void contractEventRefusesTheHourAndIsNotStored();
     void meetingPlacedTwiceKeepsTheNumber();
@@ -219,6 +221,36 @@ void TestFrmMain::hoursAgainstTheDaysEnd()
         taken += s.row(r) == "SA120-1 Ada Byron";
     QCOMPARE(taken, placed ? hours : 0);
     QCOMPARE(s.w->EventText, placed ? QString("SA120-1 Ada Byron") : QString("No Slot Selected"));
+}
+
+// A change of the hours takes the placed event off the grid; a press against the spinner's
+// end changes nothing and keeps it.
+void TestFrmMain::hoursSpinnerAfterPlacing_data()
+{
+    QTest::addColumn<int>("hours");
+    QTest::addColumn<bool>("up");
+    QTest::addColumn<int>("hoursAfter");
+    QTest::addColumn<bool>("kept");
+    QTest::newRow("down at 1") << 1 << false << 1 << true;
+    QTest::newRow("up at 12") << 12 << true << 12 << true;
+    QTest::newRow("down at 2") << 2 << false << 1 << false;
+    QTest::newRow("up at 11") << 11 << true << 12 << false;
+}
+
+void TestFrmMain::hoursSpinnerAfterPlacing()
+{
+    QFETCH(int, hours);
+    QFETCH(bool, up);
+    QFETCH(int, hoursAfter);
+    QFETCH(bool, kept);
+    Screen s(2);
+    s.setHours(hours);
+    s.clickRow(1);
+    QCOMPARE(s.row(hours), QString("SA120-1 Ada Byron"));
+    QTest::mouseClick(up ? s.w->updnTime->up : s.w->updnTime->down, Qt::LeftButton);
+    QCOMPARE(s.w->txtTime->text(), QString::number(hoursAfter));
+    QCOMPARE(s.row(1), kept ? QString("SA120-1 Ada Byron") : QString("No Event Scheduled"));
+    QCOMPARE(s.w->EventText, kept ? QString("SA120-1 Ada Byron") : QString("No Slot Selected"));
 }
 
 void TestFrmMain::lastClickIsTheStartSlot()
