@@ -579,7 +579,7 @@ void frmMain::cmdClear_Click()
     fail(WriteDayFile(c, m_currentDate, c.v.CurrentTeam));
 }
 
-void frmMain::cmdSave_Click()
+std::optional<BookingSaved> frmMain::saveBooking()
 {
     BookingScreen screen;
     screen.ckSaveUnscheduled = ckSaveUnscheduled->isChecked();
@@ -596,10 +596,27 @@ void frmMain::cmdSave_Click()
     if (EventText != NoSlotSelected()) cmdSaveTextMessage->setEnabled(true);
 
     Result<BookingSaved> saved = SaveBooking(c, screen);
-    if (fail(saved.status())) return;
-    if (*saved == BookingSaved::NoTimeSelected) return;
+    if (fail(saved.status())) return std::nullopt;
+    return *saved;
+}
+
+void frmMain::cmdSave_Click()
+{
+    const std::optional<BookingSaved> saved = saveBooking();
+    if (!saved || *saved == BookingSaved::NoTimeSelected) return;
     if (*saved == BookingSaved::StoredUnscheduled) fgHours->setFocus();
     emit showMenu();
+}
+
+bool frmMain::hasUnsavedEdits() const
+{
+    return isVisible() && (c.v.Mode == 2 || c.v.Mode == 7) && EventText != NoSlotSelected();
+}
+
+bool frmMain::saveUnsavedEdits()
+{
+    const std::optional<BookingSaved> saved = saveBooking();
+    return saved && *saved != BookingSaved::NoTimeSelected;
 }
 
 void frmMain::cmdExit_Click()
