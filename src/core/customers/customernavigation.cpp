@@ -1,5 +1,7 @@
 #include "customernavigation.h"
 
+#include <algorithm>
+
 std::optional<qint32> NavigateTo(int button, CustomerPosition at)
 {
     const qint32 quarter = at.gLastrec / 4;
@@ -9,7 +11,7 @@ std::optional<qint32> NavigateTo(int button, CustomerPosition at)
     case 1:
         return at.gCurrentRec > 1 ? at.gCurrentRec - 1 : 1;
     case 2:
-        // Past the last, also when the count is still 0 after a first save, it wraps.
+        // Past the last, it wraps.
         return at.gCurrentRec >= at.gLastrec ? 1 : at.gCurrentRec + 1;
     case 3:
         return at.gLastrec;
@@ -21,6 +23,12 @@ std::optional<qint32> NavigateTo(int button, CustomerPosition at)
     default:
         return std::nullopt;
     }
+}
+
+CustomerPosition PositionAfterSave(CustomerPosition at)
+{
+    at.gLastrec = std::max(at.gLastrec, at.gCurrentRec);
+    return at;
 }
 
 CustomerPosition NewCustomerPosition(CustomerPosition at)

@@ -21,6 +21,10 @@ struct CustomerPosition {
 // records, and a button number that does not exist.
 std::optional<qint32> NavigateTo(int button, CustomerPosition at);
 
+// A saved account stands in the file, so the count takes it in when it lies past the last:
+// the first account of a new file leaves the count at 1, not 0, and the next new account
+// gets a record of its own.
+CustomerPosition PositionAfterSave(CustomerPosition at);
 // A new account takes the record after the last one.
 CustomerPosition NewCustomerPosition(CustomerPosition at);
 // Cancelling a new account gives its number back and shows the first record.

@@ -59,6 +59,28 @@ Result<QDate> CalenderChange(CoreContext& c, QDate picked)
     return picked;
 }
 
+Result<QString> LoadStoredSlip(CoreContext& c, qint32 row)
+{
+    const QString name = UnscheduledSlipsFileName();
+    Result<QList<SlipRecord>> records = ReadSlipRecords(c.store, name);
+    if (!records) return records.status();
+    if (row < 1 || row > records->size())
+        return Status::failure(QStringLiteral("There is no stored slip %1 in %2.")
+                                   .arg(row)
+                                   .arg(c.store.describe(name)));
+    const SlipRecord& slip = records->at(row - 1);
+    DispatchingVariables& v = c.v;
+    v.gCurAccount = slip.text(SlipField::AcctNo);
+    v.gCurName = slip.text(SlipField::Name);
+    v.gCurAddress1 = slip.text(SlipField::Street);
+    v.gCurAddress2 = slip.text(SlipField::Apt);
+    v.gCurCity = slip.text(SlipField::City);
+    v.gCurState = slip.text(SlipField::St);
+    v.gCurZip = slip.text(SlipField::Zip);
+    v.gCurPhone = slip.text(SlipField::Tel);
+    return slip.text(SlipField::Reference);
+}
+
 Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
 {
     if (!c.dialogs.ask(QStringLiteral("This will Delete the Selected Slip Record"),
@@ -98,6 +120,11 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
         if (v.gAlarms) c.dialogs.beep();
         return BookingSaved::NoTimeSelected;
     }
+
+    // A Service Attention whose number cannot be followed by another is not saved at all:
+    // neither the day nor the record, so that no number is ever used twice.
+    if (v.Mode == 2)
+        if (Status s = SlipNumberCanAdvance(v); !s) return s;
 
     if (Status s = WriteDayFile(c, screen.calendarDate, v.CurrentTeam); !s) return s;
     FillSlipRecord(v, values);

@@ -30,8 +30,8 @@ QDate OpeningBookingDate(CoreContext& c);
 // The calendar's change logic for a date the user picked, without the grid: a day before
 // today is refused (beep if alarms, the calendar message if prompts) and becomes today; today
 // becomes NextBookingDate; a later year gets its folders; the date moves past the days not
-// worked. gDayOfYear takes the day of the year of the result, which later decides which
-// past days a delete leaves alone. Returns the date the calendar is to show.
+// worked. gDayOfYear takes the day of the year of the result. Returns the date the
+// calendar is to show.
 Result<QDate> CalenderChange(CoreContext& c, QDate picked);
 
 // What cmdSave reads from the Scheduling Screen. The team is CurrentTeam.
@@ -59,9 +59,16 @@ enum class BookingSaved {
 
 // cmdSave. The day file is written first and the record after it, and the number is
 // advanced only once the record stands on disk; each message is shown after what it
-// confirms is flushed. DaySlots must be as the last WriteSlots left them. A failure of a
-// file stops the sequence where it is and is returned for the screen to show.
+// confirms is flushed. DaySlots must be as the last WriteSlots left them. A Service
+// Attention whose number could not be stepped past is refused before anything is written.
+// A failure of a file stops the sequence where it is and is returned for the screen to show.
 Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen);
+
+// Puts the stored slip of the list's row (its record number in UnscheduledSlips.txt) in
+// hand for booking: the current-customer fields take the slip's own account, name and
+// address, whatever customer was in hand before, and its problem text is returned for the
+// problem box. A row that matches no record is refused and changes nothing.
+Result<QString> LoadStoredSlip(CoreContext& c, qint32 row);
 
 // Deletes the slip of the stored-slip list's row after asking "This will Delete the
 // Selected Slip Record". True when it was deleted. The last record gone removes the file.

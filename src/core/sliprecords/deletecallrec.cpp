@@ -30,13 +30,6 @@ QByteArrayView field(const RecordView& r, int index)
     const FieldDef& f = SlipLayout().field(index);
     return r.bytes().sliced(f.offset, f.width);
 }
-
-int currentYear(const CoreContext& c)
-{
-    bool ok = false;
-    const int year = c.v.gYear.trimmed().toInt(&ok);
-    return ok ? year : c.clock.today().year();
-}
 } // namespace
 
 Status WriteCompletedSlip(CoreContext& c)
@@ -103,8 +96,10 @@ Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
             QStringLiteral("The record was deleted, but its date \"%1\" in %2 could not be read, "
                            "so its hours were not freed.")
                 .arg(dateText, c.store.describe(name)));
-    // A day gone by keeps its file as it stands.
-    if (date.year() == currentYear(c) && date.dayOfYear() < v.gDayOfYear) return {};
+    // A day gone by keeps its file as it stands. Today decides, not the date the Scheduling
+    // Screen last showed: a slip of today or later must give its hours back, or they stay
+    // taken by a record that no longer exists.
+    if (date < c.clock.today()) return {};
 
     v.CurrentTeam = v.gSlip.text(SlipField::TeamNo);
     if (Status s = LoadDay(c, date, v.CurrentTeam); !s) return s;

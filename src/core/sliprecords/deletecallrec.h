@@ -23,8 +23,8 @@ struct CallRecordOnShow {
 // field is gSlip's; any other type (a recurring event of no customer) drops every record.
 // The file is rewritten through TemporaryFile.txt; its copy in Backup stays.
 //
-// The hours are then freed on the day and team of gSlip, unless the day is of the current
-// year and before gDayOfYear: a Service frees every slot containing its confirmation
+// The hours are then freed on the day and team of gSlip, unless that day lies before today
+// (a day gone by keeps its file): a Service frees every slot containing its confirmation
 // number (any case); a Meeting every slot containing "Recurring" (any case), or both its
 // name and its time; any other kind frees nothing. The day is written back with
 // WriteDayFile, which also drops the contract overlay. gSlip keeps the deleted record.

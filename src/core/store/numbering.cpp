@@ -6,14 +6,28 @@
 #include "store.h"
 #include "textfile.h"
 
+#include <optional>
+
 namespace {
 const QString kCounter = QStringLiteral("/Counter.txt");
 const QString kSlipNo = QStringLiteral("/SlipNo.txt");
 
-Status tooHigh(const QString& what)
+Status tooHigh(const QString& what, const QString& outcome)
 {
-    return Status::failure(
-        QStringLiteral("The %1 can not go past 32767.\nNo number was changed.").arg(what));
+    return Status::failure(QStringLiteral("The %1 can not go past 32767.\n").arg(what) + outcome);
+}
+
+// The counter that the next step would move past 32767, or nothing when it can step.
+std::optional<QString> counterAtItsEnd(const DispatchingVariables& v)
+{
+    if (v.settings.ckSlipStyle == 1) {
+        if (v.gSequence >= 32767)
+            return QStringLiteral("slip sequence of day ") + v.gJulianDay;
+        return std::nullopt;
+    }
+    if (v.gNextSlip >= 32767)
+        return QStringLiteral("slip number");
+    return std::nullopt;
 }
 } // namespace
 
@@ -112,17 +126,15 @@ Status AdvanceSlipNumber(CoreContext& c)
     v.gKeepSlipNumber = false;
     if (keep)
         return {};
+    if (const std::optional<QString> full = counterAtItsEnd(v))
+        return tooHigh(*full, QStringLiteral("No number was changed."));
     if (v.settings.ckSlipStyle == 1) {
         // The day is not looked at: past midnight the old day's count goes on until the
         // counter is loaded again.
-        if (v.gSequence >= 32767)
-            return tooHigh(QStringLiteral("slip sequence of day ") + v.gJulianDay);
         ++v.gSequence;
         v.gConfirmation = ProgramConfirmation(v.gJulianDay, v.gSequence);
         return {};
     }
-    if (v.gNextSlip >= 32767)
-        return tooHigh(QStringLiteral("slip number"));
     const qint16 next = v.gNextSlip + 1;
     const QString before = v.settings.txtNextSlip;
     v.settings.txtNextSlip = QString::number(next);
@@ -131,6 +143,15 @@ Status AdvanceSlipNumber(CoreContext& c)
         return s;
     }
     // gConfirmation is formed again only when the number is loaded.
+    return {};
+}
+
+Status SlipNumberCanAdvance(const DispatchingVariables& v)
+{
+    if (v.gKeepSlipNumber)
+        return {};
+    if (const std::optional<QString> full = counterAtItsEnd(v))
+        return tooHigh(*full, QStringLiteral("The slip was not saved."));
     return {};
 }
 

@@ -20,6 +20,11 @@ Status SaveSlipNo(CoreContext& c);
 // message for the user, and nothing changes.
 Status AdvanceSlipNumber(CoreContext& c);
 
+// Whether a slip may be saved under gConfirmation: the step after it must be possible, or
+// the next slip would carry the same number again. The counter's last value is therefore
+// never handed out. Checked before anything of the slip is written.
+Status SlipNumberCanAdvance(const DispatchingVariables& v);
+
 // The buttons of the next-slip frame: 0 Clear, 1 Reset to 1000, 2 Reload from memory.
 // None of them saves.
 void ServiceSlipButton(DispatchingVariables& v, int index);

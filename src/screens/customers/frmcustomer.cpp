@@ -385,6 +385,7 @@ void frmCustomer::Form_Activate()
     }
     report(CheckParallelFiles(c, at.gLastrec));
     txtCustomer[CustomerBox::AccountNo]->setFocus();
+    markUnchanged();
 }
 
 void frmCustomer::ShowCustomer()
@@ -397,6 +398,7 @@ void frmCustomer::ShowCustomer()
         txtCustomer[CustomerBox::AccountNo]->setFocus();
     aux->LoadAuxData();
     if (!report(ReadContract(c, at.gCurrentRec))) report(ReadCycle(c, at.gCurrentRec));
+    markUnchanged();
 }
 
 void frmCustomer::setNameBoxesVisible(bool business)
@@ -454,6 +456,7 @@ bool frmCustomer::UpdateCustomerRecord()
         return false;
     }
     if (check->save) {
+        at = PositionAfterSave(at);
         AddCity(c.v.gCustomer.text(CustomerField::Address3));
         EnableNavigation(true);
         EnableLocate(true);
@@ -461,8 +464,20 @@ bool frmCustomer::UpdateCustomerRecord()
             a->setEnabled(true);
         // The new account is in the file now: there is nothing left to cancel.
         cmdCustomer[0]->hide();
+        markUnchanged();
     }
     return AcctOK;
+}
+
+bool frmCustomer::hasUnsavedEdits() const
+{
+    return isVisible() && boxes() != m_unchanged;
+}
+
+bool frmCustomer::saveUnsavedEdits()
+{
+    m_leftForMenu = false;
+    return UpdateCustomerRecord() && !m_leftForMenu;
 }
 
 void frmCustomer::SaveCustomer()
@@ -484,6 +499,7 @@ void frmCustomer::BeginNewCustomer()
     cboStates->setEditText(b.cboStates);
     txtCustomer[CustomerBox::Phone]->clear();
     txtCustomer[CustomerBox::AccountNo]->setFocus();
+    markUnchanged();
 }
 
 void frmCustomer::mnuAdd_Click()

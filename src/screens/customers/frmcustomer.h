@@ -2,6 +2,7 @@
 
 #include "customers/accountindex.h"
 #include "customers/customerediting.h"
+#include "shell/unsavededits.h"
 #include "store/corecontext.h"
 
 #include <QSet>
@@ -22,7 +23,7 @@ class QPushButton;
 // The customer screen: accounts are added, edited and chosen here, and most routines of
 // the menu start here. There is no save button: the account on the screen is written
 // back whenever the user leaves it, by any button.
-class frmCustomer : public QWidget
+class frmCustomer : public QWidget, public UnsavedEdits
 {
     Q_OBJECT
 public:
@@ -99,6 +100,11 @@ public:
     void cboAccounts_Click(int index);
     void cboAccounts_LostFocus();
 
+    // The boxes differ from the account as last shown or saved.
+    bool hasUnsavedEdits() const override;
+    // The save every button of the screen makes when the account is left.
+    bool saveUnsavedEdits() override;
+
     // The sorted name list behind cboAccounts.
     const AccountIndex& accountIndex() const { return m_accounts; }
 
@@ -136,4 +142,7 @@ private:
     bool m_noComplete = false;
     // The last save ended with the user choosing to leave for the menu.
     bool m_leftForMenu = false;
+    // The boxes as last shown from the file, preset for a new account, or saved.
+    CustomerBoxes m_unchanged;
+    void markUnchanged() { m_unchanged = boxes(); }
 };

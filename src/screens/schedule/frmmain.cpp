@@ -553,7 +553,10 @@ void frmMain::fgHours_Click(int row)
 
 void frmMain::updnTime_Change(int step)
 {
-    const int hours = qBound(1, txtTime->text().trimmed().toInt() + step, 12);
+    const int before = txtTime->text().trimmed().toInt();
+    const int hours = qBound(1, before + step, 12);
+    // A press against either end changes nothing, so the placed event stays where it is.
+    if (hours == before) return;
     txtTime->setText(QString::number(hours));
     ResetTimeSelection();
 }
@@ -578,7 +581,7 @@ void frmMain::cmdClear_Click()
     fail(WriteDayFile(c, m_currentDate, c.v.CurrentTeam));
 }
 
-void frmMain::cmdSave_Click()
+std::optional<BookingSaved> frmMain::saveBooking()
 {
     BookingScreen screen;
     screen.ckSaveUnscheduled = ckSaveUnscheduled->isChecked();
@@ -595,10 +598,27 @@ void frmMain::cmdSave_Click()
     if (EventText != NoSlotSelected()) cmdSaveTextMessage->setEnabled(true);
 
     Result<BookingSaved> saved = SaveBooking(c, screen);
-    if (fail(saved.status())) return;
-    if (*saved == BookingSaved::NoTimeSelected) return;
+    if (fail(saved.status())) return std::nullopt;
+    return *saved;
+}
+
+void frmMain::cmdSave_Click()
+{
+    const std::optional<BookingSaved> saved = saveBooking();
+    if (!saved || *saved == BookingSaved::NoTimeSelected) return;
     if (*saved == BookingSaved::StoredUnscheduled) fgHours->setFocus();
     emit showMenu();
+}
+
+bool frmMain::hasUnsavedEdits() const
+{
+    return isVisible() && (c.v.Mode == 2 || c.v.Mode == 7) && EventText != NoSlotSelected();
+}
+
+bool frmMain::saveUnsavedEdits()
+{
+    const std::optional<BookingSaved> saved = saveBooking();
+    return saved && *saved != BookingSaved::NoTimeSelected;
 }
 
 void frmMain::cmdExit_Click()
@@ -693,19 +713,15 @@ void frmMain::cmdUnscheduled_Click(int index)
     case StoredSlipsFrame::LoadSlip: {
         const int row = fraUnscheduled->selectedRecord();
         if (row < 1) return;
-        FlexGrid* list = fraUnscheduled->fgUnscheduled;
+        // The slip's own record, not the list's cells: it carries the account, both
+        // address lines and the problem text that the list does not show.
+        Result<QString> problem = LoadStoredSlip(c, row);
+        if (fail(problem.status())) return;
         fraUnscheduled->hide();
-        // The list's street lands in the second address line, and the account and street
-        // keep what the last customer left: stored slips have always been booked so.
-        c.v.gCurName = list->textMatrix(row - 1, 0);
-        c.v.gCurAddress2 = list->textMatrix(row - 1, 1);
-        c.v.gCurCity = list->textMatrix(row - 1, 2);
-        c.v.gCurState = list->textMatrix(row - 1, 3);
-        c.v.gCurZip = list->textMatrix(row - 1, 4);
-        c.v.gCurPhone = list->textMatrix(row - 1, 5);
         c.v.Mode = 2;
         Form_Activate();
         // Set after the activation, which starts every event afresh.
+        cboService->setEditText(*problem);
         FromStoredSlip = -1;
         m_storedSlipRow = row;
         return;

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "schedule/booking.h"
 #include "schedule/dayfiles.h"
+#include "shell/unsavededits.h"
 #include "store/corecontext.h"
 #include "store/result.h"
 
 #include <QDate>
 #include <QMainWindow>
 #include <array>
+#include <optional>
 
 class Desktop;
 class FlexGrid;
@@ -30,7 +33,7 @@ class StoredSlipsFrame;
 // It also lists the stored slips (Mode 9), takes a reschedule over from the record screen
 // (Mode 10), and is the frame of the schedule and invoice printing (Modes 3 and 5).
 // Everything on it is reset each time it comes to the front.
-class frmMain : public QMainWindow
+class frmMain : public QMainWindow, public UnsavedEdits
 {
     Q_OBJECT
 public:
@@ -96,6 +99,11 @@ public:
     // Column 1 of rows 1 to 12 of fgHours.
     GridColumn gridColumn() const;
 
+    // An event placed on the grid of a booking and not saved yet.
+    bool hasUnsavedEdits() const override;
+    // cmdSave's save; true when the slip or meeting was booked.
+    bool saveUnsavedEdits() override;
+
     // The activation steps, run each time the screen comes to the front, by Mode.
     void Form_Activate();
     // The calendar's change logic for a picked date.
@@ -137,6 +145,8 @@ private:
     void showCustomer();
     void setCaption();
     void BuildDayView();
+    // cmdSave without leaving the screen: how the save ended, nothing when it failed.
+    std::optional<BookingSaved> saveBooking();
     bool fail(const Status& s);
 
     CoreContext& c;

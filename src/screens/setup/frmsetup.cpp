@@ -25,6 +25,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShowEvent>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -146,6 +147,14 @@ void frmSetup::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     Form_Activate();
+    // Coming back from the task bar is no new start: what was changed before stays changed.
+    if (!event->spontaneous())
+        m_unchanged = CaptureControls(this);
+}
+
+bool frmSetup::hasUnsavedEdits() const
+{
+    return isVisible() && CaptureControls(this) != m_unchanged;
 }
 
 void frmSetup::Form_Activate()
@@ -199,6 +208,29 @@ void frmSetup::Image1_Click()
 
 void frmSetup::cmdQuit_Click()
 {
+    if (!SaveAll())
+        return;
+    m_unchanged = CaptureControls(this);
+    // 11. The gate to the menu.
+    if (AllRequiredFilesExist(c)) {
+        hide();
+        emit showMenu();
+        return;
+    }
+    c.dialogs.message(QStringLiteral("You Have Not Created All Required Files"));
+    tabSetup->setCurrentIndex(TabBusiness);
+}
+
+bool frmSetup::saveUnsavedEdits()
+{
+    if (!SaveAll())
+        return false;
+    m_unchanged = CaptureControls(this);
+    return true;
+}
+
+bool frmSetup::SaveAll()
+{
     // 1. The telephone must end in four digits.
     QLineEdit* phone = business->txtBusiness[6];
     if (!TelephoneValid(phone->text())) {
@@ -206,12 +238,12 @@ void frmSetup::cmdQuit_Click()
         phone->clear();
         tabSetup->setCurrentIndex(TabBusiness);
         phone->setFocus();
-        return;
+        return false;
     }
     // 2. The business data.
     business->storeToSettings();
     if (fail(SaveBusiness(c)) || fail(LoadBusiness(c)))
-        return;
+        return false;
     // 3, 4. At least one team and one problem description.
     const QStringList teams = assignments->entries();
     if (teams.isEmpty()) {
@@ -219,7 +251,7 @@ void frmSetup::cmdQuit_Click()
                           QStringLiteral("Files Missing"));
         tabSetup->setCurrentIndex(TabAssignments);
         assignments->cboAssignments->setFocus();
-        return;
+        return false;
     }
     const QStringList problemList = problems->entries();
     if (problemList.isEmpty()) {
@@ -227,25 +259,25 @@ void frmSetup::cmdQuit_Click()
                           QStringLiteral("Files Missing"));
         tabSetup->setCurrentIndex(TabProblems);
         problems->cboProblems->setFocus();
-        return;
+        return false;
     }
     // 5. A folder for every team in the current year.
     for (int n = 1; n <= teams.size(); ++n)
         if (fail(MakeFolder(c, n)))
-            return;
+            return false;
     // 6. The two lists.
     if (fail(SaveAssignments(c, teams)))
-        return;
+        return false;
     assignments->FillAssignmentLists();
     if (fail(SaveProblems(c, problemList)) || fail(LoadProblems(c)))
-        return;
+        return false;
     problems->LoadProblems();
     // 7. Phone, caller ID, alarms and prompts.
     operations->storeToSettings();
     c.v.settings.ckColor = printing->ckColor->isChecked() ? 1 : 0;
     c.v.gPhoneChained = c.v.settings.ckPhone == 1;
     if (fail(SavePhoneSettings(c)))
-        return;
+        return false;
     c.v.gCallerID = c.v.settings.ckCallerID == 1;
     c.v.gAlarms = c.v.settings.ckAlarms == 1;
     c.v.gPrompts = c.v.settings.ckPrompts == 1;
@@ -255,10 +287,10 @@ void frmSetup::cmdQuit_Click()
     // A bad slip number has been told to the user already; step 9 takes it up.
     if (!saved && !c.v.settings.SlipNumberBad) {
         fail(saved);
-        return;
+        return false;
     }
     if (fail(SavePhoneSettings(c)))
-        return;
+        return false;
     // 9. Back to the slip number box when it did not hold a number.
     if (c.v.settings.SlipNumberBad) {
         tabSetup->setCurrentIndex(TabOperations);
@@ -266,20 +298,13 @@ void frmSetup::cmdQuit_Click()
         operations->txtNextSlip->clear();
         operations->txtNextSlip->setFocus();
         c.v.settings.SlipNumberBad = false;
-        return;
+        return false;
     }
     // 10. Print colours, the settings read back, logo size and the invoice items.
     if (fail(printing->SavePrintColors()) || fail(LoadSettings(c)) ||
         fail(LoadPhoneSettings(c, c.v.gModemPort)) || fail(logo->SaveLogoSettings()) ||
         fail(invoiceItems->SaveInvoiceItems()))
-        return;
+        return false;
     showSettings();
-    // 11. The gate to the menu.
-    if (AllRequiredFilesExist(c)) {
-        hide();
-        emit showMenu();
-        return;
-    }
-    c.dialogs.message(QStringLiteral("You Have Not Created All Required Files"));
-    tabSetup->setCurrentIndex(TabBusiness);
+    return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/unsavededits.h"
 #include "store/corecontext.h"
 #include "store/result.h"
 
@@ -21,7 +22,7 @@ class SetupServiceOrderTab;
 // The setup screen: the business data, the teams, the problem descriptions, the
 // operating settings, the price lists, printing and the logo. It is created first and
 // lives for the whole run; its exit button is the gate to the main menu.
-class frmSetup : public QWidget
+class frmSetup : public QWidget, public UnsavedEdits
 {
     Q_OBJECT
 public:
@@ -64,6 +65,13 @@ public:
     void EnableInvoiceTabs();
     void Image1_Click();
     void cmdQuit_Click();
+    // Everything the exit button saves, checked and written; false when a check stopped
+    // it (the user has been told, and the focus is on the box to put right).
+    bool SaveAll();
+
+    // Something on the screen was changed since it came to the front.
+    bool hasUnsavedEdits() const override;
+    bool saveUnsavedEdits() override;
 
 signals:
     void showMenu();
@@ -76,4 +84,6 @@ private:
     void tabChanged(int index);
     bool fail(const Status& s);
     CoreContext& c;
+    // The controls as the screen came to the front.
+    QStringList m_unchanged;
 };

@@ -11,6 +11,7 @@
 #include "store/backup.h"
 #include "store/purge.h"
 #include "screenframe.h"
+#include "unsavededits.h"
 #include "schedule/frmmain.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
@@ -149,7 +150,7 @@ bool App::Main()
         return false;
     // 4. The setup screen, hidden, with its load sequence.
     setup = new frmSetup(ctx);
-    ScreenFrame::attach(setup, store.baseName(), [this] { closeBox(); });
+    ScreenFrame::attach(setup, store.baseName(), [this] { closeBox(setup); });
     connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
     if (Fatal(setup->Form_Load(m_detectedModemPort)))
         return false;
@@ -214,7 +215,7 @@ void App::CreateSplash()
 {
     splash = new frmSplash(ctx);
     ScreenFrame::attach(splash, store.baseName() + QStringLiteral("Splash"),
-                        [this] { closeBox(); });
+                        [this] { closeBox(splash); });
     connect(splash, &frmSplash::showMenu, this, &App::ShowMenu);
     connect(splash, &frmSplash::showSetup, this, &App::ShowSetup);
 }
@@ -222,7 +223,7 @@ void App::CreateSplash()
 void App::CreateStartup()
 {
     startup = new frmStartup(ctx, PrintEnabled, [this](int i) { return EntryBuilt(i); });
-    ScreenFrame::attach(startup, store.baseName(), [this] { closeBox(); });
+    ScreenFrame::attach(startup, store.baseName(), [this] { closeBox(startup); });
     connect(startup, &frmStartup::createModify, this, &App::ShowSetup);
     connect(startup, &frmStartup::exitProgram, this, &App::ExitProgram);
     connect(startup, &frmStartup::openWebPage, this, &App::OpenWebPage);
@@ -382,7 +383,7 @@ void App::ShowHistoryForCustomer(const QString& account)
 
 void App::Adopt(QWidget* screen)
 {
-    ScreenFrame::attach(screen, store.baseName(), [this] { closeBox(); });
+    ScreenFrame::attach(screen, store.baseName(), [this, screen] { closeBox(screen); });
     m_working.append(screen);
 }
 
@@ -441,7 +442,25 @@ void App::ShowMenu()
     startup->activateWindow();
 }
 
-void App::closeBox() { ExitProgram(); }
+void App::closeBox(QWidget* screen)
+{
+    // The screen closed first, then any other on show: the history of an account, for
+    // one, stands over the customer screen and its edits.
+    QList<QWidget*> screens{screen};
+    if (setup != screen) screens.append(setup);
+    for (const QPointer<QWidget>& working : m_working)
+        if (working && !screens.contains(working.data())) screens.append(working.data());
+    for (QWidget* candidate : screens) {
+        auto* edits = dynamic_cast<UnsavedEdits*>(candidate);
+        if (!edits || !edits->hasUnsavedEdits()) continue;
+        const Dialogs::Answer answer = m_dialogs.message(
+            QStringLiteral("Save your changes before the program closes?"),
+            QStringLiteral("Save Changes"), Dialogs::Buttons::YesNoCancel, Dialogs::Icon::Question);
+        if (answer == Dialogs::Answer::Cancel) return;
+        if (answer == Dialogs::Answer::Yes && !edits->saveUnsavedEdits()) return;
+    }
+    ExitProgram();
+}
 
 void App::ExitProgram()
 {

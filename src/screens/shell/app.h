@@ -116,7 +116,9 @@ private:
     void CreateSplash();
     void CreateStartup();
     bool Fatal(const Status& s);
-    void closeBox();
+    // A screen's close box: the program ends, once the unsaved edits of every screen on
+    // show, if any, are saved or given up. Cancel keeps the program running.
+    void closeBox(QWidget* screen);
     frmHistory* MakeHistory();
 
     const Clock& m_clock;

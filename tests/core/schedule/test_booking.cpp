@@ -61,6 +61,8 @@ private slots:
     void storedSlipKeepsTheNumber();
     void lastStoredSlipScheduledRemovesTheFile();
     void failedRecordWriteTakesNoNumber();
+    void numberAtItsLimitSavesNothing_data();
+    void numberAtItsLimitSavesNothing();
 };
 
 void TestBooking::nextWorkDay_data()
@@ -216,6 +218,46 @@ void TestBooking::failedRecordWriteTakesNoNumber()
     VERIFY_DIALOGS(f.dialogs); // no confirmation for what is not on disk
     QCOMPARE(f.v.gConfirmation, QString("SA120-1"));
     QVERIFY(!f.has("Counter.txt"));
+}
+
+// A slip whose number could not be followed by another is refused whole, however often the
+// dispatcher clicks Save: otherwise each click would store one more slip under that number.
+void TestBooking::numberAtItsLimitSavesNothing_data()
+{
+    QTest::addColumn<int>("slipStyle");
+    QTest::addColumn<QString>("confirmation");
+    QTest::addColumn<QString>("counter");
+    QTest::newRow("program numbers") << 1 << "SA120-32767"
+                                     << "slip sequence of day 120";
+    QTest::newRow("continuous numbers") << 0 << "32767"
+                                        << "slip number";
+}
+
+void TestBooking::numberAtItsLimitSavesNothing()
+{
+    QFETCH(int, slipStyle);
+    QFETCH(QString, confirmation);
+    QFETCH(QString, counter);
+    ProgramFolder f;
+    customerInHand(f, 2);
+    f.v.settings.ckSlipStyle = qint16(slipStyle);
+    f.v.gSequence = 32767;
+    f.v.gNextSlip = 32767;
+    f.v.settings.txtNextSlip = "32767";
+    f.v.gConfirmation = confirmation;
+    f.put("Counter.txt", "\"120\",32767\r\n");
+    f.put("SlipNo.txt", "32767\r\n");
+    const BookingScreen s = clicked(f, confirmation + " Ada Byron", 4, 1);
+    const auto before = f.snapshot();
+    for (int click = 0; click < 2; ++click) {
+        Result<BookingSaved> saved = SaveBooking(f.ctx, s);
+        QVERIFY(!saved.ok());
+        QCOMPARE(saved.message(),
+                 "The " + counter + " can not go past 32767.\nThe slip was not saved.");
+        QCOMPARE(f.snapshot(), before);
+    }
+    VERIFY_DIALOGS(f.dialogs); // nothing confirmed
+    QCOMPARE(f.v.gConfirmation, confirmation);
 }
 
 QTEST_GUILESS_MAIN(TestBooking)

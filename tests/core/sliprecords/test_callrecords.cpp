@@ -329,12 +329,14 @@ void TestCallRecords::deleteRecords()
     QCOMPARE(f.v.gSlip.bytes(), shownBytes); // the buffer keeps the deleted record
 }
 
-// Which slots of the day are freed.
+// Which slots of the day are freed. The calendar's last date (gDayOfYear) plays no part:
+// the slip's own date against today decides whether its day still counts.
 void TestCallRecords::deleteFreesSlots_data()
 {
     QTest::addColumn<QByteArray>("record");
     QTest::addColumn<int>("searchFile");
-    QTest::addColumn<qint16>("dayOfYear");
+    QTest::addColumn<QDate>("today");
+    QTest::addColumn<qint16>("calendarDayOfYear");
     QTest::addColumn<QStringList>("before");
     QTest::addColumn<QStringList>("after");
 
@@ -355,26 +357,35 @@ void TestCallRecords::deleteFreesSlots_data()
     QStringList serviceGone = day;
     serviceGone[1] = serviceGone[2] = serviceGone[3] = serviceGone[7] = F;
     const QByteArray service = slip("Service", "SA125-1", "05/05/2026", "A", "Ada");
+    const QDate apr30(2026, 4, 30);
     QTest::newRow("service: containment, any case, contract slots go too")
-        << service << 1 << qint16(120) << day << serviceGone;
-    QTest::newRow("today's slots are freed") << service << 1 << qint16(125) << day << serviceGone;
-    QTest::newRow("a day before gDayOfYear is left alone")
-        << service << 1 << qint16(126) << day << day;
+        << service << 1 << apr30 << qint16(120) << day << serviceGone;
+    QTest::newRow("calendar left on a later date")
+        << service << 1 << apr30 << qint16(200) << day << serviceGone;
+    QTest::newRow("today's slots are freed")
+        << service << 1 << QDate(2026, 5, 5) << qint16(125) << day << serviceGone;
+    QTest::newRow("a day gone by is left alone")
+        << service << 1 << QDate(2026, 5, 6) << qint16(126) << day << day;
+    const QByteArray lastYear = slip("Service", "SA125-1", "12/30/2025", "A", "Ada");
+    QTest::newRow("a day of last year is left alone")
+        << lastYear << 1 << apr30 << qint16(1) << day << day;
     const QByteArray nextYear = slip("Service", "SA125-1", "01/03/2027", "A", "Ada");
-    QTest::newRow("later year ignores the day of the year")
-        << nextYear << 1 << qint16(300) << day << serviceGone;
+    QTest::newRow("a later year is freed")
+        << nextYear << 1 << apr30 << qint16(300) << day << serviceGone;
 }
 
 void TestCallRecords::deleteFreesSlots()
 {
     QFETCH(QByteArray, record);
     QFETCH(int, searchFile);
-    QFETCH(qint16, dayOfYear);
+    QFETCH(QDate, today);
+    QFETCH(qint16, calendarDayOfYear);
     QFETCH(QStringList, before);
     QFETCH(QStringList, after);
     ProgramFolder f;
+    f.clock.setDate(today);
     f.v.gYear = "2026";
-    f.v.gDayOfYear = dayOfYear;
+    f.v.gDayOfYear = calendarDayOfYear;
     const QString name = searchFile == 1 ? "Slips.txt" : "Meetings.txt";
     f.put(name, record);
     const SlipRecord r(record);

@@ -531,6 +531,13 @@ void TestFrmCustomer::firstRunMakesTheFirstAccount()
     s.w->txtCustomer[CustomerBox::AccountNo]->setText(QStringLiteral("C-1"));
     s.w->txtCustomer[CustomerBox::FirstName]->setText(QStringLiteral("Lee"));
     s.w->txtCustomer[CustomerBox::LastName]->setText(QStringLiteral("Hart"));
+    // A second account in the same visit gets a record of its own.
+    s.click(s.w->cmdNew);
+    QCOMPARE(s.w->at, (CustomerPosition{2, 2}));
+    s.w->txtCustomer[CustomerBox::Phone]->setText(QStringLiteral("217-555-0124"));
+    s.w->txtCustomer[CustomerBox::AccountNo]->setText(QStringLiteral("C-2"));
+    s.w->txtCustomer[CustomerBox::FirstName]->setText(QStringLiteral("Kim"));
+    s.w->txtCustomer[CustomerBox::LastName]->setText(QStringLiteral("Moss"));
     QSignalSpy menu(s.w.get(), &frmCustomer::showMenu);
     s.click(s.w->cmdExit);
     QCOMPARE(menu.size(), 1);
@@ -544,11 +551,16 @@ void TestFrmCustomer::firstRunMakesTheFirstAccount()
     expected.phone = "217-555-0123";
     expected.first = "Lee";
     expected.last = "Hart";
-    // A record never read keeps zero for its two numbers.
+    HandCustomer second = expected;
+    second.account = "C-2";
+    second.phone = "217-555-0124";
+    second.first = "Kim";
+    second.last = "Moss";
+    // A record never read keeps zero for its two numbers; a new account is marked 1.
     expected.mark = expected.spare = QByteArray(2, '\0');
-    QCOMPARE(s.pf.get(kCustomers), customerBytes(expected));
-    QCOMPARE(s.pf.get(kContracts).size(), kContractRecordLength);
-    QCOMPARE(s.pf.get(kCycles).size(), kCycleRecordLength);
+    QCOMPARE(s.pf.get(kCustomers), customerBytes(expected) + customerBytes(second));
+    QCOMPARE(s.pf.get(kContracts).size(), 2 * kContractRecordLength);
+    QCOMPARE(s.pf.get(kCycles).size(), 2 * kCycleRecordLength);
     VERIFY_DIALOGS(s.pf.dialogs);
 }
 

@@ -121,6 +121,8 @@ private slots:
     void serviceSlipEndToEnd();
     void hoursAgainstTheDaysEnd_data();
     void hoursAgainstTheDaysEnd();
+    void hoursSpinnerAfterPlacing_data();
+    void hoursSpinnerAfterPlacing();
     void lastClickIsTheStartSlot();
     void contractEventRefusesTheHourAndIsNotStored();
     void meetingPlacedTwiceKeepsTheNumber();
@@ -135,6 +137,7 @@ private slots:
     void activationByMode();
     void lastStoredSlipScheduledClosesTheMenuEntry();
     void deleteAllStoredSlipsAsksTwice();
+    void storedSlipIsBookedWithItsOwnCustomer();
     void menuAndCustomerBringTheScreen();
 };
 
@@ -218,6 +221,36 @@ void TestFrmMain::hoursAgainstTheDaysEnd()
         taken += s.row(r) == "SA120-1 Ada Byron";
     QCOMPARE(taken, placed ? hours : 0);
     QCOMPARE(s.w->EventText, placed ? QString("SA120-1 Ada Byron") : QString("No Slot Selected"));
+}
+
+// A change of the hours takes the placed event off the grid; a press against the spinner's
+// end changes nothing and keeps it.
+void TestFrmMain::hoursSpinnerAfterPlacing_data()
+{
+    QTest::addColumn<int>("hours");
+    QTest::addColumn<bool>("up");
+    QTest::addColumn<int>("hoursAfter");
+    QTest::addColumn<bool>("kept");
+    QTest::newRow("down at 1") << 1 << false << 1 << true;
+    QTest::newRow("up at 12") << 12 << true << 12 << true;
+    QTest::newRow("down at 2") << 2 << false << 1 << false;
+    QTest::newRow("up at 11") << 11 << true << 12 << false;
+}
+
+void TestFrmMain::hoursSpinnerAfterPlacing()
+{
+    QFETCH(int, hours);
+    QFETCH(bool, up);
+    QFETCH(int, hoursAfter);
+    QFETCH(bool, kept);
+    Screen s(2);
+    s.setHours(hours);
+    s.clickRow(1);
+    QCOMPARE(s.row(hours), QString("SA120-1 Ada Byron"));
+    QTest::mouseClick(up ? s.w->updnTime->up : s.w->updnTime->down, Qt::LeftButton);
+    QCOMPARE(s.w->txtTime->text(), QString::number(hoursAfter));
+    QCOMPARE(s.row(1), kept ? QString("SA120-1 Ada Byron") : QString("No Event Scheduled"));
+    QCOMPARE(s.w->EventText, kept ? QString("SA120-1 Ada Byron") : QString("No Slot Selected"));
 }
 
 void TestFrmMain::lastClickIsTheStartSlot()
@@ -561,8 +594,7 @@ void TestFrmMain::lastStoredSlipScheduledClosesTheMenuEntry()
     QCOMPARE(run.app->v.Mode, qint16(2));
     QVERIFY(!w->fraUnscheduled->isVisible());
     QVERIFY(w->fgHours->isVisible());
-    // The list's street arrives as the second address line.
-    QCOMPARE(run.app->v.gCurAddress2, QString("9 Elm St"));
+    QCOMPARE(run.app->v.gCurAddress1, QString("9 Elm St"));
     QCOMPARE(w->txtName->text(), QString("Cy Twombly"));
 
     const QModelIndex index = w->fgHours->model()->index(6, 1);
@@ -616,6 +648,42 @@ void TestFrmMain::deleteAllStoredSlipsAsksTwice()
     QVERIFY(!QFile::exists(run.abs("UnscheduledSlips.txt")));
     QVERIFY(!run.app->startup->lblSub[8]->isEnabled());
     run.app->ExitProgram();
+}
+
+// A stored slip loaded after another customer was in hand is booked with its own account,
+// address lines and problem text, and only its own record leaves the store.
+void TestFrmMain::storedSlipIsBookedWithItsOwnCustomer()
+{
+    Screen s{2}; // Ada Byron, A-100, was the last customer
+    const QByteArray cy = slipBytes("Cy Twombly", "9 Elm St", "555-0199");
+    SlipRecord di(slipBytes("Di Arbus", "2 Oak Lane", "555-0102"));
+    di.setText(SlipField::AcctNo, "D-200");
+    di.setText(SlipField::Apt, "Rear door");
+    di.setText(SlipField::Reference, "Boiler knocks");
+    s.f.put("UnscheduledSlips.txt", cy + di.bytes());
+    s.f.v.Mode = 9;
+    s.w->Form_Activate();
+    s.w->fraUnscheduled->fgUnscheduled->selectRow(1);
+    QTest::mouseClick(s.w->fraUnscheduled->cmdUnscheduled[1], Qt::LeftButton);
+    QCOMPARE(s.w->txtAccount->text(), QString("D-200"));
+    QCOMPARE(s.w->txtName->text(), QString("Di Arbus"));
+    QCOMPARE(s.w->txtAddress1->text(), QString("2 Oak Lane"));
+    QCOMPARE(s.w->txtAddress2->text(), QString("Rear door"));
+    QCOMPARE(s.w->cboService->currentText(), QString("Boiler knocks"));
+
+    s.clickRow(5);
+    s.f.dialogs.expect("Service  Attention SA120-1 has been Scheduled", "Confirmation");
+    s.f.dialogs.expect("This will Delete the Selected Slip Record", "Record Deletion", Answer::Yes);
+    QTest::mouseClick(s.w->cmdSave, Qt::LeftButton);
+    VERIFY_DIALOGS(s.f.dialogs);
+    const SlipRecord saved = s.record("Slips.txt");
+    QCOMPARE(saved.text(SlipField::AcctNo), QString("D-200"));
+    QCOMPARE(saved.text(SlipField::Name), QString("Di Arbus"));
+    QCOMPARE(saved.text(SlipField::Street), QString("2 Oak Lane"));
+    QCOMPARE(saved.text(SlipField::Apt), QString("Rear door"));
+    QCOMPARE(saved.text(SlipField::Tel), QString("555-0102"));
+    QCOMPARE(saved.text(SlipField::Reference), QString("Boiler knocks"));
+    QCOMPARE(s.f.get("UnscheduledSlips.txt"), cy);
 }
 
 void TestFrmMain::menuAndCustomerBringTheScreen()

@@ -9,6 +9,8 @@
 #include "history/frmhistory.h"
 #include "schedule/frmmain.h"
 #include "schedule/sliprecord.h"
+#include "setup/frmsetup.h"
+#include "setup/setupbusinesstab.h"
 #include "shell/app.h"
 #include "shell/flexgrid.h"
 #include "shell/frmsplash.h"
@@ -121,6 +123,8 @@ private slots:
     void initTestCase() { ScreenFrame::setGeometryKept(false); }
     void bookThenRescheduleFromTheMenu();
     void routinesWithoutAScreenStopAtTheCustomer();
+    void closeBoxAsksAboutUnsavedEdits_data();
+    void closeBoxAsksAboutUnsavedEdits();
 };
 
 void TestDayFlow::bookThenRescheduleFromTheMenu()
@@ -223,6 +227,96 @@ void TestDayFlow::routinesWithoutAScreenStopAtTheCustomer()
         QVERIFY(app->customer->isVisible());
         QVERIFY(!app->mainForm);
         QCOMPARE(run.get("CustomerData.txt").left(3), QByteArray("A-7"));
+    }
+}
+
+// The close box ends the program. A screen holding changes asks first: Yes saves them as the
+// screen's own save would, No drops them, Cancel keeps the program running with the
+// changes still on the screen. A screen without changes ends at once.
+void TestDayFlow::closeBoxAsksAboutUnsavedEdits_data()
+{
+    QTest::addColumn<QString>("screen");
+    QTest::addColumn<bool>("edited");
+    QTest::addColumn<int>("answerValue");
+    QTest::addColumn<bool>("saved");
+    QTest::addColumn<bool>("ended");
+    for (const char* screen : {"customer", "setup", "scheduling"}) {
+        const QString name = QString::fromLatin1(screen);
+        QTest::newRow(qPrintable(name + ": Yes saves"))
+            << name << true << int(Answer::Yes) << true << true;
+        QTest::newRow(qPrintable(name + ": No drops"))
+            << name << true << int(Answer::No) << false << true;
+        QTest::newRow(qPrintable(name + ": Cancel stays"))
+            << name << true << int(Answer::Cancel) << false << false;
+        QTest::newRow(qPrintable(name + ": unchanged"))
+            << name << false << int(Answer::Ok) << false << true;
+    }
+    // The history stands over the customer screen: its close box ends the program too.
+    QTest::newRow("history over an edited customer: Yes saves")
+        << "history" << true << int(Answer::Yes) << true << true;
+    QTest::newRow("history over an edited customer: Cancel stays")
+        << "history" << true << int(Answer::Cancel) << false << false;
+}
+
+void TestDayFlow::closeBoxAsksAboutUnsavedEdits()
+{
+    QFETCH(QString, screen);
+    QFETCH(bool, edited);
+    QFETCH(int, answerValue);
+    const Answer answer = Answer(answerValue);
+    QFETCH(bool, saved);
+    QFETCH(bool, ended);
+    Installation run;
+    auto app = run.start();
+    QVERIFY(app->Main());
+
+    QWidget* form = nullptr;
+    QLineEdit* box = nullptr;
+    QString file;
+    QByteArray change;
+    if (screen == "customer" || screen == "history") {
+        app->OpenEntry(MenuEntry::CreateServiceSlip);
+        form = app->customer;
+        box = app->customer->txtCustomer[CustomerBox::Name];
+        file = "CustomerData.txt";
+        change = "Hill Bakery and Sons";
+    } else if (screen == "setup") {
+        app->ShowSetup();
+        form = app->setup;
+        box = app->setup->business->txtBusiness[0];
+        file = "MyBusinessData.txt";
+        change = "Acme Heating and Air";
+    } else {
+        app->OpenEntry(MenuEntry::CreateServiceSlip);
+        QTest::mouseClick(app->customer->cmdCustomer[1], Qt::LeftButton);
+        form = app->mainForm;
+        file = "Slips.txt";
+        change = "SA120-4";
+    }
+    QVERIFY(form && form->isVisible());
+    VERIFY_DIALOGS(run.dialogs);
+    if (edited) {
+        if (box)
+            box->setText(QString::fromLatin1(change));
+        else
+            clickRow(app->mainForm->fgHours, 3, 1);
+        if (screen == "history") {
+            QTest::mouseClick(app->customer->cmdHistory, Qt::LeftButton);
+            form = app->history;
+            QVERIFY(form && form->isVisible());
+        }
+        run.dialogs.expect("Save your changes before the program closes?", "Save Changes", answer);
+        if (answer == Answer::Yes && !box)
+            run.dialogs.expect("Service  Attention SA120-4 has been Scheduled", "Confirmation");
+    }
+    form->close();
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(app->exited(), ended);
+    QCOMPARE(run.has(file) && run.get(file).contains(change), saved);
+    if (!ended) {
+        QVERIFY(form->isVisible());
+        if (box) QCOMPARE(box->text(), QString::fromLatin1(change));
+        app->ExitProgram();
     }
 }
 
