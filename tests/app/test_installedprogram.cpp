@@ -87,6 +87,7 @@ private slots:
     void sampleInstallationStartsAndBacksUp();
     void renamedCopyKeepsItsOwnSettingsAndFolders();
     void oldLayoutIsToldBeforeAnythingIsMade();
+    void secondProgramOnTheFolderWaitsForTheFirst();
     void usage();
 };
 
@@ -183,6 +184,39 @@ void TestInstalledProgram::oldLayoutIsToldBeforeAnythingIsMade()
              QStringList{QStringLiteral("TresvaneDispatcher")});
     run.process.kill();
     run.process.waitForFinished();
+}
+
+void TestInstalledProgram::secondProgramOnTheFolderWaitsForTheFirst()
+{
+    Installed run;
+    const QString folder = run.inHome(QStringLiteral("Office"));
+    QVERIFY(QDir().mkpath(folder));
+    run.start(folder);
+    const QString lock = folder + QStringLiteral("/TresvaneDispatcher.lock");
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(lock), 15000);
+    QFile held(lock);
+    QVERIFY(held.open(QIODevice::ReadOnly));
+    const QByteArray holder = held.readAll();
+    held.close();
+    QVERIFY(holder.contains("pid: " + QByteArray::number(run.process.processId())));
+
+    // A second program on the folder stops at its message, the first's lock untouched.
+    Installed other;
+    other.start(folder);
+    QTest::qWait(1500);
+    QCOMPARE(other.process.state(), QProcess::Running);
+    QVERIFY(held.open(QIODevice::ReadOnly));
+    QCOMPARE(held.readAll(), holder);
+    held.close();
+    other.process.kill();
+    other.process.waitForFinished();
+
+    // Once the first has ended, the folder is free and the next start takes it.
+    QCOMPARE(run.stop(), 0);
+    QVERIFY(!QFile::exists(lock));
+    other.start(folder);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(lock), 15000);
+    QCOMPARE(other.stop(), 0);
 }
 
 void TestInstalledProgram::usage()
