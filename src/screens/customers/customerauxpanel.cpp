@@ -1,6 +1,7 @@
 #include "customerauxpanel.h"
 
 #include "shell/dialogs.h"
+#include "shell/taborder.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -99,6 +100,19 @@ CustomerAuxPanel::CustomerAuxPanel(CoreContext& ctx, std::function<QString()> ac
     layout->addLayout(boxes, 1);
     layout->addWidget(fraBig, 1);
     layout->addLayout(buttons);
+
+    // Row by row: the two headings with their Clear, then the two notes below them.
+    QList<QWidget*> chain;
+    for (int n = 0; n < 6; n += 2)
+        chain << txtHeading[n] << lblClear[n] << txtHeading[n + 1] << lblClear[n + 1] << txtAux[n]
+              << txtAux[n + 1];
+    chain << txtBig;
+    for (int i : {5, 6, 4})
+        chain << cmdSaveAux[i];
+    chain << ckSaveAux;
+    for (int i : {0, 3, 8, 7, 2})
+        chain << cmdSaveAux[i];
+    SetTabChain(chain);
 }
 
 void CustomerAuxPanel::report(const Status& s)

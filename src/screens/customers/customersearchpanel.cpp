@@ -62,8 +62,11 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
                                    QStringLiteral("Rec")});
     fgCustomersFound->grid()->setColumnAlignment(CustomerHits::Phone, Qt::AlignCenter);
     fgCustomersFound->grid()->setColumnAlignment(CustomerHits::Rec, Qt::AlignCenter);
+    // The name takes the room the record number does not need.
     fgCustomersFound->horizontalHeader()->setSectionResizeMode(CustomerHits::Customer,
                                                                QHeaderView::Stretch);
+    fgCustomersFound->horizontalHeader()->setSectionResizeMode(CustomerHits::Rec,
+                                                               QHeaderView::ResizeToContents);
     fgCustomersFound->viewport()->installEventFilter(this);
     cmdRetry = new QPushButton(QStringLiteral("&Close/Retry"), fraCustomersFound);
     cmdRetry->setObjectName(QStringLiteral("cmdRetry"));
@@ -90,6 +93,9 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
         txtSearchfor->setFocus();
     });
     connect(cmdHideSearch, &QPushButton::clicked, fraSearch, &QWidget::hide);
+    // Enter in the search box starts the search, as its button does.
+    connect(txtSearchfor, &QLineEdit::returnPressed, cmdStartSearch, &QPushButton::click);
+    QWidget::setTabOrder(cmdPrintCustomers, cmdRetry);
     connect(cmdRetry, &QPushButton::clicked, this, &CustomerSearchPanel::cmdRetry_Click);
 }
 

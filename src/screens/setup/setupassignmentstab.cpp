@@ -53,6 +53,10 @@ SetupAssignmentsTab::SetupAssignmentsTab(CoreContext& ctx, QWidget* parent)
     connect(cmdSave, &QPushButton::clicked, this, &SetupAssignmentsTab::cmdSave_Click);
     connect(cmdChange, &QPushButton::clicked, this, &SetupAssignmentsTab::cmdChange_Click);
     connect(cmdDelete, &QPushButton::clicked, this, &SetupAssignmentsTab::cmdDelete_Click);
+    // Enter in the box adds what it holds, as the Add button does, while adding is open.
+    connect(cboAssignments->lineEdit(), &QLineEdit::returnPressed, this, [this] {
+        if (cmdSave->isEnabled()) cmdSave->click();
+    });
     enterTab();
 }
 
@@ -85,8 +89,7 @@ void SetupAssignmentsTab::enterTab()
 
 void SetupAssignmentsTab::report(const Status& s)
 {
-    if (!s)
-        c.dialogs.message(s.message());
+    if (!s) c.dialogs.message(s.message());
 }
 
 void SetupAssignmentsTab::cboAssignments_Click(int index)

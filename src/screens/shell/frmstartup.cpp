@@ -1,6 +1,7 @@
 #include "frmstartup.h"
 
 #include "shell/dialogs.h"
+#include "shell/taborder.h"
 #include "store/dispatchingvariables.h"
 #include "store/store.h"
 #include "weburls.h"
@@ -13,7 +14,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace
+{
 // The four groups of the menu and their entries, in the order they are shown.
 struct Group {
     const char* heading;
@@ -40,8 +42,8 @@ const char* kEntryStyle =
     "QPushButton:disabled { color: #9a9a9a; }";
 } // namespace
 
-frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled,
-                       std::function<bool(int)> screenExists, QWidget* parent)
+frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled, std::function<bool(int)> screenExists,
+                       QWidget* parent)
     : QMainWindow(parent), c(ctx), PrintEnabled(printEnabled),
       m_screenExists(std::move(screenExists))
 {
@@ -54,8 +56,8 @@ frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled,
     layout->setContentsMargins(24, 16, 24, 16);
     layout->setSpacing(12);
 
-    lblInstruction = new QLabel(QStringLiteral("Click on the Sub-routine you wish to Perform"),
-                                central);
+    lblInstruction =
+        new QLabel(QStringLiteral("Click on the Sub-routine you wish to Perform"), central);
     lblInstruction->setObjectName(QStringLiteral("lblInstruction"));
     QFont heading = lblInstruction->font();
     heading.setPointSizeF(heading.pointSizeF() * 1.3);
@@ -87,6 +89,12 @@ frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled,
         grid->addWidget(box, g / 2, g % 2);
     }
     layout->addLayout(grid, 1);
+    // The entries as the groups show them, group by group, rather than by their numbers.
+    QList<QWidget*> chain;
+    for (const auto& group : groups())
+        for (int entry : group.entries)
+            chain << lblSub[entry];
+    SetTabChain(chain);
 
     Label1_12 = new QLabel(QStringLiteral("Use your Term Planner Program"), central);
     Label1_12->setObjectName(QStringLiteral("Label1_12"));
@@ -165,8 +173,7 @@ void frmStartup::supplier(QAction* action, const QString& url, const QString& ti
                           const QString& question)
 {
     connect(action, &QAction::triggered, this, [this, url, title, question] {
-        if (!question.isEmpty() && !c.dialogs.ask(question, title))
-            return;
+        if (!question.isEmpty() && !c.dialogs.ask(question, title)) return;
         emit openWebPage(url);
     });
 }
@@ -199,7 +206,6 @@ void frmStartup::Form_Activate()
 
 void frmStartup::lblSub_Click(int index)
 {
-    if (index < 0 || index >= kMenuEntries || !lblSub[index]->isEnabled())
-        return;
+    if (index < 0 || index >= kMenuEntries || !lblSub[index]->isEnabled()) return;
     emit entryChosen(index);
 }

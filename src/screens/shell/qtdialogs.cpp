@@ -3,11 +3,16 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 
 Dialogs::Answer QtDialogs::message(const QString& text, const QString& title, Buttons buttons,
                                    Icon icon)
 {
-    QMessageBox box(m_parent);
+    // The message belongs to the window the user is working in, and that window is active
+    // again once it is answered: what the user types next goes to the box the caller puts
+    // the focus on, not to whichever window the desktop happens to pick.
+    const QPointer<QWidget> working = QApplication::activeWindow();
+    QMessageBox box(working ? working.data() : m_parent);
     box.setWindowTitle(title.isEmpty() ? ApplicationTitle() : title);
     box.setText(text);
     switch (icon) {
@@ -44,7 +49,9 @@ Dialogs::Answer QtDialogs::message(const QString& text, const QString& title, Bu
         box.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel);
         break;
     }
-    switch (box.exec()) {
+    const int answer = box.exec();
+    if (working && working->isVisible()) working->activateWindow();
+    switch (answer) {
     case QMessageBox::Cancel:
         return Answer::Cancel;
     case QMessageBox::Yes:
@@ -65,9 +72,11 @@ std::optional<QString> QtDialogs::input(const QString& prompt, const QString& ti
     const QString text =
         QInputDialog::getText(m_parent, title.isEmpty() ? ApplicationTitle() : title, prompt,
                               QLineEdit::Normal, defaultText, &ok);
-    if (!ok)
-        return std::nullopt;
+    if (!ok) return std::nullopt;
     return text;
 }
 
-void QtDialogs::beep() { QApplication::beep(); }
+void QtDialogs::beep()
+{
+    QApplication::beep();
+}

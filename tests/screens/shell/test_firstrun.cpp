@@ -2,12 +2,12 @@
 #include "scripteddialogs.h"
 #include "testclock.h"
 
+#include "customers/frmcustomer.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
 #include "setup/setupbusinesstab.h"
 #include "setup/setupoperationstab.h"
 #include "setup/setupproblemstab.h"
-#include "customers/frmcustomer.h"
 #include "shell/app.h"
 #include "shell/frmsplash.h"
 #include "shell/frmstartup.h"
@@ -186,14 +186,14 @@ void TestFirstRun::firstRunFromSplashToMenu()
     // An entry whose screen is not built yet is closed and says why.
     for (int i = 0; i < kMenuEntries; ++i) {
         QPushButton* entry = app->startup->lblSub[i];
-        if (app->EntryBuilt(i))
-            continue;
+        if (app->EntryBuilt(i)) continue;
         QVERIFY(!entry->isEnabled());
         QVERIFY(!entry->toolTip().isEmpty());
     }
     // The customer screen opens the slip routine, on an empty customer file.
     QVERIFY(app->startup->lblSub[1]->isEnabled());
-    run.dialogs.expect("Your Customer File is Empty\nCreate your First Customer Now", "Create Customers")
+    run.dialogs
+        .expect("Your Customer File is Empty\nCreate your First Customer Now", "Create Customers")
         .expectContaining("The Contract File can not be rebuilt")
         .expectContaining("The Cycle File can not be rebuilt");
     QTest::mouseClick(app->startup->lblSub[1], Qt::LeftButton);
@@ -319,6 +319,13 @@ void TestFirstRun::continueGoesToTheMenuWhenFilesStand()
     run.dialogs.expect("30 to a Page Mailing Labels", "Order Paper", Dialogs::Answer::No);
     app->startup->mnuAddress->trigger();
     QCOMPARE(run.desktop.opened.size(), 1);
+    VERIFY_DIALOGS(run.dialogs);
+
+    // With no browser to start, the user is told rather than left waiting.
+    run.desktop.browser = false;
+    run.dialogs.expectContaining("No web browser could be started");
+    app->startup->mnuHelp->trigger();
+    QCOMPARE(run.desktop.opened.size(), 2);
     VERIFY_DIALOGS(run.dialogs);
 }
 
