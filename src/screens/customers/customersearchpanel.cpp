@@ -1,6 +1,7 @@
 #include "customersearchpanel.h"
 
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/flexgrid.h"
 
 #include <QGridLayout>
@@ -65,8 +66,9 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
     // The name takes the room the record number does not need.
     fgCustomersFound->horizontalHeader()->setSectionResizeMode(CustomerHits::Customer,
                                                                QHeaderView::Stretch);
-    fgCustomersFound->horizontalHeader()->setSectionResizeMode(CustomerHits::Rec,
-                                                               QHeaderView::ResizeToContents);
+    for (int column : {CustomerHits::Phone, CustomerHits::Rec})
+        fgCustomersFound->horizontalHeader()->setSectionResizeMode(column,
+                                                                   QHeaderView::ResizeToContents);
     fgCustomersFound->viewport()->installEventFilter(this);
     cmdRetry = new QPushButton(QStringLiteral("&Close/Retry"), fraCustomersFound);
     cmdRetry->setObjectName(QStringLiteral("cmdRetry"));
@@ -94,7 +96,7 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
     });
     connect(cmdHideSearch, &QPushButton::clicked, fraSearch, &QWidget::hide);
     // Enter in the search box starts the search, as its button does.
-    connect(txtSearchfor, &QLineEdit::returnPressed, cmdStartSearch, &QPushButton::click);
+    EnterClicks(txtSearchfor, cmdStartSearch);
     QWidget::setTabOrder(cmdPrintCustomers, cmdRetry);
     connect(cmdRetry, &QPushButton::clicked, this, &CustomerSearchPanel::cmdRetry_Click);
 }

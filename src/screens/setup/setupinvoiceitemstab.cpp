@@ -2,7 +2,9 @@
 
 #include "setup/setupdata.h"
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/keyfilterwiring.h"
+#include "shell/taborder.h"
 #include "shell/updown.h"
 
 #include <QFrame>
@@ -11,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
@@ -56,7 +59,7 @@ SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
     buttons->addStretch(1);
     // Enter in either box adds the item, as the Add button does.
     for (QLineEdit* box : {txtInvoiceItem, txtInvoicePrice})
-        connect(box, &QLineEdit::returnPressed, cmdRInvoice[0], &QPushButton::click);
+        EnterClicks(box, cmdRInvoice[0]);
 
     fraHelp1 = new QFrame(this);
     fraHelp1->setObjectName(QStringLiteral("fraHelp1"));
@@ -86,6 +89,12 @@ SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
     layout->addWidget(note);
     layout->addLayout(grid, 1);
     layout->addWidget(fraHelp1);
+
+    QList<QWidget*> chain{txtInvoiceItem, txtInvoicePrice, lstInvoiceItems, lstInvoiceItemsCost,
+                          UpDown1->up,    UpDown1->down,   lstRItems};
+    for (QPushButton* b : cmdRInvoice)
+        chain << b;
+    SetTabChain(chain);
 
     connect(lstInvoiceItems, &QListWidget::currentRowChanged, this,
             &SetupInvoiceItemsTab::selectEntry);

@@ -1,8 +1,9 @@
 #include "setuplogotab.h"
 
 #include "setup/pricelists.h"
-#include "shell/dialogs.h"
 #include "setup/setupdata.h"
+#include "shell/dialogs.h"
+#include "shell/taborder.h"
 #include "shell/updown.h"
 
 #include <QFileDialog>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
@@ -81,6 +83,8 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
     layout->addWidget(new QLabel(
         QStringLiteral("Adjustment is limited based upon the space on the form."), this));
     layout->addLayout(row);
+    // Width comes before Height on the screen.
+    SetTabChain({UpDown3->up, UpDown3->down, UpDown2->up, UpDown2->down});
     layout->addStretch(1);
     showSize();
 }
@@ -88,17 +92,18 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
 Status SetupLogoTab::LoadLogo()
 {
     QString path;
-    if (Status s = SetupData::LoadCompanyLogo(c, path); !s)
-        return s;
+    if (Status s = SetupData::LoadCompanyLogo(c, path); !s) return s;
     m_file = QFileInfo::exists(path) ? path : QString();
     showPicture();
-    if (Status s = SetupData::LoadLogoSettings(c, m_width, m_height); !s)
-        return s;
+    if (Status s = SetupData::LoadLogoSettings(c, m_width, m_height); !s) return s;
     showSize();
     return {};
 }
 
-Status SetupLogoTab::SaveLogoSettings() { return SetupData::SaveLogoSettings(c, m_width, m_height); }
+Status SetupLogoTab::SaveLogoSettings()
+{
+    return SetupData::SaveLogoSettings(c, m_width, m_height);
+}
 
 void SetupLogoTab::showPicture()
 {
@@ -121,8 +126,7 @@ void SetupLogoTab::showSize()
                              .arg(m_width / 1440.0, 0, 'f', 2)
                              .arg(m_height / 1440.0, 0, 'f', 2));
     const QPixmap pixmap(m_file);
-    if (pixmap.isNull())
-        return;
+    if (pixmap.isNull()) return;
     const int w = m_width * logicalDpiX() / 1440 / 2;
     const int h = m_height * logicalDpiY() / 1440 / 2;
     Image3->setPixmap(pixmap.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -130,8 +134,7 @@ void SetupLogoTab::showSize()
 
 void SetupLogoTab::chooseFile(const QString& path)
 {
-    if (path.isEmpty())
-        return;
+    if (path.isEmpty()) return;
     m_file = path;
     showPicture();
 }
@@ -146,8 +149,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
                            "*.PNG *.emf *.EMF);;All (*)")));
         break;
     case 1:
-        if (m_file.isEmpty())
-            return;
+        if (m_file.isEmpty()) return;
         if (Status s = SetupData::SaveCompanyLogo(c, m_file); !s) {
             c.dialogs.message(s.message());
             return;
@@ -157,8 +159,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
             return;
         }
         c.dialogs.message(QStringLiteral("Your Logo has been Stored"));
-        if (Status s = LoadLogo(); !s)
-            c.dialogs.message(s.message());
+        if (Status s = LoadLogo(); !s) c.dialogs.message(s.message());
         break;
     case 2:
         if (!c.dialogs.ask(QStringLiteral("This will Delete your Company Logo"),
@@ -168,8 +169,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
         Image2->clear();
         Image3->clear();
         lblLogoFile->clear();
-        if (Status s = SetupData::ClearCompanyLogo(c); !s)
-            c.dialogs.message(s.message());
+        if (Status s = SetupData::ClearCompanyLogo(c); !s) c.dialogs.message(s.message());
         m_width = kDefaultLogoTwips;
         m_height = kDefaultLogoTwips;
         showSize();

@@ -3,6 +3,7 @@
 #include "schedule/sliprecord.h"
 #include "setup/assignments.h"
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/keyfilterwiring.h"
 #include "store/dispatchingvariables.h"
 
@@ -40,7 +41,7 @@ SetupProblemsTab::SetupProblemsTab(CoreContext& ctx, QWidget* parent) : QWidget(
     connect(cmdSavePC, &QPushButton::clicked, this, &SetupProblemsTab::cmdSavePC_Click);
     connect(cmdDeletePC, &QPushButton::clicked, this, &SetupProblemsTab::cmdDeletePC_Click);
     // Enter in the box adds what it holds, as the Add button does.
-    connect(cboProblems->lineEdit(), &QLineEdit::returnPressed, cmdSavePC, &QPushButton::click);
+    EnterClicks(cboProblems->lineEdit(), cmdSavePC);
     // A problem becomes the reference of the slips booked for it.
     cboProblems->lineEdit()->setMaxLength(SlipLayout().field(SlipField::Reference).width);
 }

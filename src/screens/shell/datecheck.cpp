@@ -5,6 +5,7 @@
 #include <QDateEdit>
 #include <QKeyEvent>
 #include <QRegularExpression>
+#include <QSignalBlocker>
 
 namespace
 {
@@ -71,11 +72,22 @@ private:
         if (!m.hasMatch()) return;
         const QDate date(m.captured(3).toInt(), m.captured(1).toInt(), m.captured(2).toInt());
         if (date.isValid()) {
-            if (m_box->date() != date) m_box->setDate(date);
+            show(date);
             return;
         }
-        m_box->setDate(m_before);
+        show(m_before);
         CalendarMessage(m_dialogs);
+    }
+
+    // The box's sections may hold other digits than its date after typing over them: the
+    // date is set afresh so that what the box shows, and reads back on Enter, is this one.
+    void show(const QDate& date)
+    {
+        {
+            const QSignalBlocker quiet(m_box);
+            m_box->setDate(date.addDays(date.day() == 1 ? 1 : -1));
+        }
+        m_box->setDate(date);
     }
 
     QDateEdit* m_box;
@@ -88,5 +100,7 @@ private:
 
 void WireDateCheck(QDateEdit* box, Dialogs& dialogs)
 {
+    // The date counts once the typing is done, not at every key on the way.
+    box->setKeyboardTracking(false);
     box->installEventFilter(new DateCheck(box, dialogs));
 }

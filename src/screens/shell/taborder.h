@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <initializer_list>
 
 class QWidget;
 
@@ -8,3 +9,4 @@ class QWidget;
 // A screen lists its controls in the order a person reads them; hidden or disabled ones
 // are passed over by the key, so a screen lists every control of every state once.
 void SetTabChain(const QList<QWidget*>& widgets);
+void SetTabChain(std::initializer_list<QWidget*> widgets);

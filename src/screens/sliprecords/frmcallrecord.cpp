@@ -2,6 +2,7 @@
 
 #include "schedule/sliprecord.h"
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/flexgrid.h"
 #include "shell/taborder.h"
 #include "sliprecords/deletecallrec.h"
@@ -213,9 +214,7 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     connect(mnuView, &QAction::triggered, this, &frmCallRecord::mnuView_Click);
     // Enter in a search box starts the search, as the button does.
     for (QLineEdit* box : {txtTelNo, txtConfNo})
-        connect(box, &QLineEdit::returnPressed, this, [this] {
-            if (cmdSearch->isVisible() && cmdSearch->isEnabled()) cmdSearch->click();
-        });
+        EnterClicks(box, cmdSearch);
 
     // Down the left column, then the grid or the record on the right.
     QList<QWidget*> chain;
