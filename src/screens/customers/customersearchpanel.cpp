@@ -87,8 +87,12 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    // The search options keep their height; the list of hits takes what is left, and
+    // without it the room stays empty below the options.
+    fraSearch->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     layout->addWidget(fraSearch);
     layout->addWidget(fraCustomersFound, 1);
+    layout->addStretch(0);
 
     connect(cmdClearSearch, &QPushButton::clicked, this, [this] {
         txtSearchfor->clear();

@@ -65,12 +65,14 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     fgSummary->setHeadings({QStringLiteral("Date"), QStringLiteral("Type"), QStringLiteral("Name"),
                             QStringLiteral("Acct No"), QStringLiteral("Day"),
                             QStringLiteral("Confirmation")});
-    fgSummary->horizontalHeader()->setStretchLastSection(true);
+    // The name gives way, so that every column, the confirmation number last, stays in
+    // view on the screen's own width.
     fgSummary->setColumnWidth(0, 90);
     fgSummary->setColumnWidth(1, 90);
-    fgSummary->setColumnWidth(2, 220);
-    fgSummary->setColumnWidth(3, 130);
+    fgSummary->setColumnWidth(3, 120);
     fgSummary->setColumnWidth(4, 50);
+    fgSummary->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
+    fgSummary->horizontalHeader()->setSectionResizeMode(5, QHeaderView::ResizeToContents);
     lblHint = new QLabel(QStringLiteral("Click on Acct No. to Load Call Data"), fraSummary);
     lblHint->setObjectName(QStringLiteral("lblHint"));
     cmdHide = button(QStringLiteral("Hide Grid"), QStringLiteral("cmdHide"), fraSummary);
