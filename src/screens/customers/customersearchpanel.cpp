@@ -63,12 +63,18 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
                                    QStringLiteral("Rec")});
     fgCustomersFound->grid()->setColumnAlignment(CustomerHits::Phone, Qt::AlignCenter);
     fgCustomersFound->grid()->setColumnAlignment(CustomerHits::Rec, Qt::AlignCenter);
-    // The name takes the room the record number does not need.
-    fgCustomersFound->horizontalHeader()->setSectionResizeMode(CustomerHits::Customer,
-                                                               QHeaderView::Stretch);
-    for (int column : {CustomerHits::Phone, CustomerHits::Rec})
-        fgCustomersFound->horizontalHeader()->setSectionResizeMode(column,
-                                                                   QHeaderView::ResizeToContents);
+    // The telephone and the record number take the width of their widest value, measured
+    // once rather than over every row; name, street and city share the rest.
+    QHeaderView* header = fgCustomersFound->horizontalHeader();
+    const QFontMetrics fm = fgCustomersFound->fontMetrics();
+    for (int column : {CustomerHits::Customer, CustomerHits::Street, CustomerHits::City})
+        header->setSectionResizeMode(column, QHeaderView::Stretch);
+    header->setSectionResizeMode(CustomerHits::Phone, QHeaderView::Fixed);
+    header->resizeSection(CustomerHits::Phone,
+                          fm.horizontalAdvance(QStringLiteral("000-000-00000")));
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(CustomerHits::Rec, QHeaderView::Fixed);
+    header->resizeSection(CustomerHits::Rec, fm.horizontalAdvance(QStringLiteral("000000")) + 12);
     fgCustomersFound->viewport()->installEventFilter(this);
     cmdRetry = new QPushButton(QStringLiteral("&Close/Retry"), fraCustomersFound);
     cmdRetry->setObjectName(QStringLiteral("cmdRetry"));
