@@ -11,11 +11,12 @@
 #include <QElapsedTimer>
 #include <cstdio>
 
-namespace {
+namespace
+{
 class NoDesktop final : public Desktop
 {
 public:
-    void openUrl(const QString&) override {}
+    bool openUrl(const QString&) override { return true; }
     void setClipboardText(const QString&) override {}
 };
 } // namespace

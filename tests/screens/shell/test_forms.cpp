@@ -29,8 +29,11 @@
 #include <QDateEdit>
 #include <QDirIterator>
 #include <QFrame>
+#include <QGridLayout>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -295,6 +298,7 @@ private:
 private slots:
     void initTestCase() { ScreenFrame::setGeometryKept(false); }
     void cleanupTestCase() { m_office.reset(); }
+    void checksSeeWhatAPersonSees();
     void tabFollowsReadingOrder_data();
     void tabFollowsReadingOrder();
     void noTextWiderThanItsRoom_data();
@@ -304,6 +308,42 @@ private slots:
     void enterRunsTheBoxButton_data();
     void enterRunsTheBoxButton();
 };
+
+// The checks themselves: a form laid out wrongly on purpose is found out, and the same form
+// put right passes.
+void TestForms::checksSeeWhatAPersonSees()
+{
+    QWidget form;
+    auto* grid = new QGridLayout(&form);
+    auto* first = new QLineEdit(&form);
+    auto* second = new QLineEdit(&form);
+    auto* below = new QLineEdit(&form);
+    auto* label = new QLabel(QStringLiteral("Postal Code"), &form);
+    auto* button = new QPushButton(QStringLiteral("Set Acct = Tel"), &form);
+    grid->addWidget(label, 0, 0);
+    grid->addWidget(first, 0, 1);
+    grid->addWidget(second, 0, 2);
+    grid->addWidget(below, 1, 1);
+    grid->addWidget(button, 1, 2);
+    form.resize(600, 120);
+    settle(&form);
+
+    // Made in reading order, the chain is right.
+    QCOMPARE(TabChain(&form), (QList<QWidget*>{first, second, below, button}));
+    QVERIFY(TabOrderFaults(&form).isEmpty());
+    QVERIFY(ClippedTexts(&form).isEmpty());
+
+    // Right to left on both lines.
+    QWidget::setTabOrder(second, first);
+    QWidget::setTabOrder(button, below);
+    QCOMPARE(TabOrderFaults(&form).size(), 2);
+
+    // A caption and a button squeezed below their text.
+    label->setFixedWidth(30);
+    button->setFixedWidth(40);
+    QCoreApplication::processEvents();
+    QCOMPARE(ClippedTexts(&form).size(), 2);
+}
 
 void TestForms::tabFollowsReadingOrder_data()
 {
