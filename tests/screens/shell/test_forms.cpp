@@ -4,6 +4,7 @@
 #include "testclock.h"
 
 #include "customers/customerauxpanel.h"
+#include "customers/customerediting.h"
 #include "customers/customersearchpanel.h"
 #include "customers/frmcustomer.h"
 #include "history/frmcallback.h"
@@ -305,6 +306,7 @@ private slots:
     void noTextWiderThanItsRoom();
     void boxesTakeWhatFits_data();
     void boxesTakeWhatFits();
+    void customerFormStaysInLine();
     void enterRunsTheBoxButton_data();
     void enterRunsTheBoxButton();
 };
@@ -554,6 +556,28 @@ void TestForms::boxesTakeWhatFits()
     QCoreApplication::processEvents();
     QCOMPARE(edit->text(), after.isEmpty() && !message.isEmpty() ? before : after);
     QCOMPARE(office.dialogs.shown, message.isEmpty() ? QStringList() : QStringList{message});
+}
+
+// The boxes of the address frames start at the edge of the others, and beginning a new
+// account, which shows its cancel button, does not widen the form.
+void TestForms::customerFormStaysInLine()
+{
+    Office& office = this->office();
+    QVERIFY(office.app);
+    frmCustomer* w = office.customer(true);
+    settle(w);
+    auto left = [w](QWidget* box) { return box->mapTo(w, QPoint(0, 0)).x(); };
+    const int edge = left(w->txtCustomer[CustomerBox::Address1]);
+    for (QWidget* box : {static_cast<QWidget*>(w->cboCity), static_cast<QWidget*>(w->cboStates),
+                         static_cast<QWidget*>(w->txtCustomer[CustomerBox::PostalCode]),
+                         static_cast<QWidget*>(w->txtCustomer[CustomerBox::Phone])})
+        QCOMPARE(left(box), edge);
+
+    const QSize before = w->minimumSizeHint();
+    w->mnuAdd_Click();
+    QCoreApplication::processEvents();
+    QVERIFY(w->cmdCustomer[0]->isVisible());
+    QCOMPARE(w->minimumSizeHint(), before);
 }
 
 void TestForms::enterRunsTheBoxButton_data()
