@@ -5,13 +5,31 @@
 #include <QMessageBox>
 #include <QPointer>
 
+namespace
+{
+// The window the user is working in: the active one, or, while a screen that has just
+// come up is not active yet, the one screen on show.
+QWidget* workingWindow()
+{
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    QWidget* shown = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (!w->isVisible() || w->windowType() == Qt::Popup || w->windowType() == Qt::ToolTip)
+            continue;
+        if (shown) return nullptr; // more than one: the desktop's choice stands
+        shown = w;
+    }
+    return shown;
+}
+} // namespace
+
 Dialogs::Answer QtDialogs::message(const QString& text, const QString& title, Buttons buttons,
                                    Icon icon)
 {
     // The message belongs to the window the user is working in, and that window is active
     // again once it is answered: what the user types next goes to the box the caller puts
     // the focus on, not to whichever window the desktop happens to pick.
-    const QPointer<QWidget> working = QApplication::activeWindow();
+    const QPointer<QWidget> working = workingWindow();
     QMessageBox box(working ? working.data() : m_parent);
     box.setWindowTitle(title.isEmpty() ? ApplicationTitle() : title);
     box.setText(text);

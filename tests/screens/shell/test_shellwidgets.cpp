@@ -1,12 +1,15 @@
 #include "scripteddialogs.h"
 #include "shell/flexgrid.h"
 #include "shell/keyfilterwiring.h"
+#include "shell/qtdialogs.h"
 #include "shell/screenframe.h"
 
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QtTest>
 
@@ -23,6 +26,7 @@ private slots:
     void priceBoxDropsKeysSilently();
     void nameBoxRefusesWithAMessage();
     void resetScreenByTags();
+    void messageHandsTheScreenBack();
 };
 
 void TestShellWidgets::fiftyThousandRowsFillAtOnce()
@@ -83,8 +87,8 @@ void TestShellWidgets::cellStylesTravelWithTheirRow()
 static void turnWheel(FlexGrid& grid, int delta)
 {
     const QPointF pos(10, 10);
-    QWheelEvent e(pos, grid.viewport()->mapToGlobal(pos), QPoint(), QPoint(0, delta),
-                  Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent e(pos, grid.viewport()->mapToGlobal(pos), QPoint(), QPoint(0, delta), Qt::NoButton,
+                  Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(grid.viewport(), &e);
 }
 
@@ -96,7 +100,8 @@ void TestShellWidgets::wheelMovesAtLeastTenRows()
         rows << QStringList{QString::number(i)};
     grid.setRows(rows);
     // A view of about three rows still moves ten per notch.
-    grid.resize(300, grid.horizontalHeader()->height() + 3 * grid.verticalHeader()->defaultSectionSize() + 4);
+    grid.resize(300, grid.horizontalHeader()->height() +
+                         3 * grid.verticalHeader()->defaultSectionSize() + 4);
     grid.show();
     QVERIFY(QTest::qWaitForWindowExposed(&grid));
     QVERIFY(grid.visibleRows() < 10);
@@ -110,7 +115,8 @@ void TestShellWidgets::wheelMovesAtLeastTenRows()
     QCOMPARE(grid.topRow(), 0);
 
     // A tall view moves a screenful.
-    grid.resize(300, grid.horizontalHeader()->height() + 25 * grid.verticalHeader()->defaultSectionSize() + 4);
+    grid.resize(300, grid.horizontalHeader()->height() +
+                         25 * grid.verticalHeader()->defaultSectionSize() + 4);
     QCoreApplication::processEvents();
     const int screenful = grid.visibleRows();
     QVERIFY(screenful >= 20);
@@ -174,6 +180,34 @@ void TestShellWidgets::resetScreenByTags()
     QVERIFY(instruction->isHidden());
     QVERIFY(!button->isHidden() && !button->isEnabled());
     QVERIFY(!plain->isHidden() && plain->isEnabled());
+}
+
+// A message shown while a screen that has just come up is not active yet belongs to that
+// screen, and the screen is active again when the message is answered, so what the user
+// types next goes to the box the screen gives the focus.
+void TestShellWidgets::messageHandsTheScreenBack()
+{
+    QWidget screen;
+    auto* box = new QLineEdit(&screen);
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&screen));
+    QApplication::setActiveWindow(nullptr);
+    QWidget* owner = nullptr;
+    QTimer::singleShot(0, [&owner] {
+        auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!shown) return;
+        owner = shown->parentWidget();
+        shown->button(QMessageBox::Ok)->click();
+    });
+    QtDialogs qt;
+    Dialogs& dialogs = qt;
+    QCOMPARE(dialogs.message("Your Customer File is Empty", "Create Customers"),
+             Dialogs::Answer::Ok);
+    QCOMPARE(owner, &screen);
+    box->setFocus();
+    QTRY_COMPARE(QApplication::activeWindow(), &screen);
+    QTest::keyClicks(QApplication::focusWidget(), "A-100");
+    QCOMPARE(box->text(), QString("A-100"));
 }
 
 QTEST_MAIN(TestShellWidgets)
