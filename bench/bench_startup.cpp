@@ -11,8 +11,7 @@
 #include <QElapsedTimer>
 #include <cstdio>
 
-namespace
-{
+namespace {
 class NoDesktop final : public Desktop
 {
 public:

@@ -342,8 +342,9 @@ void frmCustomer::wireBoxes()
     connect(cmdCustomer[0], &QPushButton::clicked, this, &frmCustomer::cmdCancelNew_Click);
     connect(cmdCustomer[1], &QPushButton::clicked, this, &frmCustomer::cmdSelect_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmCustomer::cmdExit_Click);
-    connect(cmdHistory, &QPushButton::clicked, this,
-            [this] { emit showHistory(txtCustomer[CustomerBox::AccountNo]->text()); });
+    connect(cmdHistory, &QPushButton::clicked, this, [this] {
+        emit showHistory(txtCustomer[CustomerBox::AccountNo]->text());
+    });
     connect(mnuAdd, &QAction::triggered, this, &frmCustomer::mnuAdd_Click);
     connect(mnuAux, &QAction::triggered, this, &frmCustomer::mnuAux_Click);
     connect(mnuDelete, &QAction::triggered, this, &frmCustomer::mnuDelete_Click);

@@ -1,8 +1,5 @@
 #include "frmsetup.h"
 
-#include "setup/addressstyle.h"
-#include "setup/assignments.h"
-#include "setup/setupdata.h"
 #include "setupassignmentstab.h"
 #include "setupbusinesstab.h"
 #include "setupinvoiceitemstab.h"
@@ -11,10 +8,13 @@
 #include "setupprinttab.h"
 #include "setupproblemstab.h"
 #include "setupserviceordertab.h"
+#include "setup/addressstyle.h"
+#include "setup/assignments.h"
 #include "shell/dialogs.h"
-#include "shell/logo.h"
-#include "shell/startup.h"
 #include "shell/taborder.h"
+#include "shell/logo.h"
+#include "setup/setupdata.h"
+#include "shell/startup.h"
 #include "store/dispatchingvariables.h"
 #include "store/settingsfiles.h"
 
@@ -110,7 +110,8 @@ frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 
 bool frmSetup::fail(const Status& s)
 {
-    if (s) return false;
+    if (s)
+        return false;
     c.dialogs.message(s.message());
     return true;
 }
@@ -119,7 +120,8 @@ Status frmSetup::Form_Load(qint16 detectedModemPort)
 {
     Status first;
     auto keep = [&first](Status s) {
-        if (first && !s) first = s;
+        if (first && !s)
+            first = s;
     };
     SetupData::ItemCatalogues catalogues;
     keep(SetupData::LoadItemCatalogues(c, catalogues));
@@ -191,7 +193,8 @@ void frmSetup::Image1_Click()
     int next = tabSetup->currentIndex();
     for (int i = 0; i < tabSetup->count(); ++i) {
         next = (next + 1) % tabSetup->count();
-        if (tabSetup->isTabEnabled(next)) break;
+        if (tabSetup->isTabEnabled(next))
+            break;
     }
     tabSetup->setCurrentIndex(next);
 }
@@ -209,7 +212,8 @@ void frmSetup::cmdQuit_Click()
     }
     // 2. The business data.
     business->storeToSettings();
-    if (fail(SaveBusiness(c)) || fail(LoadBusiness(c))) return;
+    if (fail(SaveBusiness(c)) || fail(LoadBusiness(c)))
+        return;
     // 3, 4. At least one team and one problem description.
     const QStringList teams = assignments->entries();
     if (teams.isEmpty()) {
@@ -229,17 +233,21 @@ void frmSetup::cmdQuit_Click()
     }
     // 5. A folder for every team in the current year.
     for (int n = 1; n <= teams.size(); ++n)
-        if (fail(MakeFolder(c, n))) return;
+        if (fail(MakeFolder(c, n)))
+            return;
     // 6. The two lists.
-    if (fail(SaveAssignments(c, teams))) return;
+    if (fail(SaveAssignments(c, teams)))
+        return;
     assignments->FillAssignmentLists();
-    if (fail(SaveProblems(c, problemList)) || fail(LoadProblems(c))) return;
+    if (fail(SaveProblems(c, problemList)) || fail(LoadProblems(c)))
+        return;
     problems->LoadProblems();
     // 7. Phone, caller ID, alarms and prompts.
     operations->storeToSettings();
     c.v.settings.ckColor = printing->ckColor->isChecked() ? 1 : 0;
     c.v.gPhoneChained = c.v.settings.ckPhone == 1;
-    if (fail(SavePhoneSettings(c))) return;
+    if (fail(SavePhoneSettings(c)))
+        return;
     c.v.gCallerID = c.v.settings.ckCallerID == 1;
     c.v.gAlarms = c.v.settings.ckAlarms == 1;
     c.v.gPrompts = c.v.settings.ckPrompts == 1;
@@ -251,7 +259,8 @@ void frmSetup::cmdQuit_Click()
         fail(saved);
         return;
     }
-    if (fail(SavePhoneSettings(c))) return;
+    if (fail(SavePhoneSettings(c)))
+        return;
     // 9. Back to the slip number box when it did not hold a number.
     if (c.v.settings.SlipNumberBad) {
         tabSetup->setCurrentIndex(TabOperations);

@@ -88,7 +88,8 @@ void SetupAssignmentsTab::enterTab()
 
 void SetupAssignmentsTab::report(const Status& s)
 {
-    if (!s) c.dialogs.message(s.message());
+    if (!s)
+        c.dialogs.message(s.message());
 }
 
 void SetupAssignmentsTab::cboAssignments_Click(int index)

@@ -3,24 +3,24 @@
 #include "customers/frmcustomer.h"
 
 #include "frmsplash.h"
-#include "frmstartup.h"
 #include "history/frmcallback.h"
 #include "history/frmhistory.h"
+#include "frmstartup.h"
 #include "schedule/dayfiles.h"
-#include "schedule/frmmain.h"
+#include "setup/setupdata.h"
+#include "store/backup.h"
+#include "store/purge.h"
 #include "screenframe.h"
+#include "schedule/frmmain.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
-#include "setup/setupdata.h"
 #include "setup/setupproblemstab.h"
+#include "sliprecords/frmcallrecord.h"
 #include "shell/desktop.h"
 #include "shell/dialogs.h"
 #include "shell/startup.h"
-#include "sliprecords/frmcallrecord.h"
-#include "store/backup.h"
 #include "store/clock.h"
 #include "store/numbering.h"
-#include "store/purge.h"
 #include "store/settingsfiles.h"
 
 #include <QCryptographicHash>
@@ -47,8 +47,8 @@ QString App::lockFilePath() const
 {
     // One lock per program folder, named after the folder's path.
     const QByteArray key = QDir(store.root()).canonicalPath().toUtf8();
-    const QString hash = QString::fromLatin1(
-        QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex().left(16));
+    const QString hash =
+        QString::fromLatin1(QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex().left(16));
     return m_lockFolder + u'/' + ExecutableBaseName() + u'-' + hash + QStringLiteral(".lock");
 }
 
@@ -56,7 +56,8 @@ bool App::CheckPrevInstance()
 {
     m_lock = std::make_unique<QLockFile>(lockFilePath());
     m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock(0)) return true;
+    if (m_lock->tryLock(0))
+        return true;
     m_lock.reset();
     m_dialogs.message(ApplicationTitle() + QStringLiteral(" is already Running!\n"
                                                           "Look for it on the Task Bar"));
@@ -65,7 +66,8 @@ bool App::CheckPrevInstance()
 
 bool App::Fatal(const Status& s)
 {
-    if (s) return false;
+    if (s)
+        return false;
     // A damaged or unusable file: told once, and the program ends without the exit
     // backup, so the good copy in Backup is not overwritten.
     m_dialogs.message(s.message(), {}, Dialogs::Buttons::Ok, Dialogs::Icon::Critical);
@@ -83,14 +85,17 @@ bool App::Main()
         return false;
     }
     // 2. The folder tree.
-    if (Fatal(BuildFolders(ctx))) return false;
+    if (Fatal(BuildFolders(ctx)))
+        return false;
     // 3. Today, the hour labels and the business data.
-    if (Fatal(InitStartupData(ctx))) return false;
+    if (Fatal(InitStartupData(ctx)))
+        return false;
     // 4. The setup screen, hidden, with its load sequence.
     setup = new frmSetup(ctx);
     ScreenFrame::attach(setup, ExecutableBaseName(), [this] { closeBox(); });
     connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
-    if (Fatal(setup->Form_Load(m_detectedModemPort))) return false;
+    if (Fatal(setup->Form_Load(m_detectedModemPort)))
+        return false;
     // 5. The splash, on screen at once.
     CreateSplash();
     splash->show();
@@ -98,22 +103,30 @@ bool App::Main()
     // 6. The menu, hidden.
     CreateStartup();
     // 7. The rest of the data behind the forms.
-    if (Fatal(LoadAllData())) return false;
+    if (Fatal(LoadAllData()))
+        return false;
     return true;
 }
 
 Status App::LoadAllData()
 {
-    if (Status s = LoadSettings(ctx); !s) return s;
+    if (Status s = LoadSettings(ctx); !s)
+        return s;
     setup->showSettings();
-    if (Status s = LoadAssignments(ctx); !s) return s;
-    if (v.gAssignTo.value(0) != u"empty") setup->assignments->FillAssignmentLists();
-    if (Status s = LoadProblems(ctx); !s) return s;
+    if (Status s = LoadAssignments(ctx); !s)
+        return s;
+    if (v.gAssignTo.value(0) != u"empty")
+        setup->assignments->FillAssignmentLists();
+    if (Status s = LoadProblems(ctx); !s)
+        return s;
     setup->problems->LoadProblems();
-    if (Status s = PrepareYears(ctx); !s) return s;
-    if (Status s = PurgeDayFiles(ctx); !s) return s;
+    if (Status s = PrepareYears(ctx); !s)
+        return s;
+    if (Status s = PurgeDayFiles(ctx); !s)
+        return s;
     if (v.settings.ckSlipStyle == 1)
-        if (Status s = LoadCounter(ctx); !s) return s;
+        if (Status s = LoadCounter(ctx); !s)
+            return s;
     return {};
 }
 
@@ -157,7 +170,8 @@ bool App::EntryBuilt(int index) const
 
 void App::OpenEntry(int index)
 {
-    if (!EntryBuilt(index)) return;
+    if (!EntryBuilt(index))
+        return;
     switch (index) {
     case MenuEntry::Reschedule:
         if (!callRecord) {
@@ -243,7 +257,8 @@ frmMain* App::MainForm()
         Adopt(mainForm);
         connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
         connect(mainForm, &frmMain::problemCodesChanged, this, [this] {
-            if (setup) setup->problems->LoadProblems();
+            if (setup)
+                setup->problems->LoadProblems();
         });
     }
     return mainForm;
@@ -299,17 +314,21 @@ void App::LeaveMenu()
         startup->deleteLater();
         startup = nullptr;
     }
-    if (splash) splash->deleteLater();
+    if (splash)
+        splash->deleteLater();
 }
 
 void App::HideWorkingScreens(QWidget* except)
 {
     for (const QPointer<QWidget>& screen : m_working)
-        if (screen && screen != except) screen->hide();
-    if (setup && setup != except) setup->hide();
+        if (screen && screen != except)
+            screen->hide();
+    if (setup && setup != except)
+        setup->hide();
 }
 
-template <class Screen> void App::Bring(Screen* screen)
+template <class Screen>
+void App::Bring(Screen* screen)
 {
     HideWorkingScreens(screen);
     LeaveMenu();
@@ -321,8 +340,10 @@ template <class Screen> void App::Bring(Screen* screen)
 
 void App::ShowSetup()
 {
-    if (splash) splash->deleteLater();
-    if (startup) startup->hide();
+    if (splash)
+        splash->deleteLater();
+    if (startup)
+        startup->hide();
     setup->show();
     setup->raise();
     setup->activateWindow();
@@ -330,31 +351,33 @@ void App::ShowSetup()
 
 void App::ShowMenu()
 {
-    if (splash) splash->deleteLater();
+    if (splash)
+        splash->deleteLater();
     HideWorkingScreens(nullptr);
-    if (!startup) CreateStartup();
+    if (!startup)
+        CreateStartup();
     startup->show();
     startup->raise();
     startup->activateWindow();
 }
 
-void App::closeBox()
-{
-    ExitProgram();
-}
+void App::closeBox() { ExitProgram(); }
 
 void App::ExitProgram()
 {
-    if (m_exited) return;
+    if (m_exited)
+        return;
     m_exited = true;
-    if (Status s = SetBackupPaths(ctx); !s) m_dialogs.message(s.message());
+    if (Status s = SetBackupPaths(ctx); !s)
+        m_dialogs.message(s.message());
     // Every screen goes, the last made first. They are deleted once control has left the
     // handler that brought us here, which may belong to one of them.
     QList<QWidget*> screens{startup.data(), splash.data(), setup};
     for (const QPointer<QWidget>& screen : m_working)
         screens.append(screen.data());
     for (QWidget* screen : screens) {
-        if (!screen) continue;
+        if (!screen)
+            continue;
         screen->hide();
         screen->deleteLater();
     }

@@ -90,11 +90,9 @@ std::optional<QString> QtDialogs::input(const QString& prompt, const QString& ti
     const QString text =
         QInputDialog::getText(m_parent, title.isEmpty() ? ApplicationTitle() : title, prompt,
                               QLineEdit::Normal, defaultText, &ok);
-    if (!ok) return std::nullopt;
+    if (!ok)
+        return std::nullopt;
     return text;
 }
 
-void QtDialogs::beep()
-{
-    QApplication::beep();
-}
+void QtDialogs::beep() { QApplication::beep(); }

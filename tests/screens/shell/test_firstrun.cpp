@@ -2,12 +2,12 @@
 #include "scripteddialogs.h"
 #include "testclock.h"
 
-#include "customers/frmcustomer.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
 #include "setup/setupbusinesstab.h"
 #include "setup/setupoperationstab.h"
 #include "setup/setupproblemstab.h"
+#include "customers/frmcustomer.h"
 #include "shell/app.h"
 #include "shell/frmsplash.h"
 #include "shell/frmstartup.h"
@@ -186,14 +186,14 @@ void TestFirstRun::firstRunFromSplashToMenu()
     // An entry whose screen is not built yet is closed and says why.
     for (int i = 0; i < kMenuEntries; ++i) {
         QPushButton* entry = app->startup->lblSub[i];
-        if (app->EntryBuilt(i)) continue;
+        if (app->EntryBuilt(i))
+            continue;
         QVERIFY(!entry->isEnabled());
         QVERIFY(!entry->toolTip().isEmpty());
     }
     // The customer screen opens the slip routine, on an empty customer file.
     QVERIFY(app->startup->lblSub[1]->isEnabled());
-    run.dialogs
-        .expect("Your Customer File is Empty\nCreate your First Customer Now", "Create Customers")
+    run.dialogs.expect("Your Customer File is Empty\nCreate your First Customer Now", "Create Customers")
         .expectContaining("The Contract File can not be rebuilt")
         .expectContaining("The Cycle File can not be rebuilt");
     QTest::mouseClick(app->startup->lblSub[1], Qt::LeftButton);

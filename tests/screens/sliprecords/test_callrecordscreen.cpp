@@ -1,8 +1,8 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
-#include "schedule/frmmain.h"
 #include "schedule/sliprecord.h"
+#include "schedule/frmmain.h"
 #include "shell/app.h"
 #include "shell/flexgrid.h"
 #include "shell/frmstartup.h"
