@@ -138,6 +138,8 @@ void frmCustomer::buildButtons()
     };
     cmdAcctType = button(QStringLiteral("Change &Type"), QStringLiteral("cmdAcctType"));
     cmdSame = button(QStringLiteral("Set Acct = Tel"), QStringLiteral("cmdSame"));
+    // Room on both sides of the caption, which the style's own margin leaves touching the edge.
+    cmdSame->setMinimumWidth(cmdSame->sizeHint().width() + 2 * fontMetrics().averageCharWidth());
     cmdNew = button(QStringLiteral("Add &New"), QStringLiteral("cmdNew"));
     cmdCustomer[0] = button(QStringLiteral("Cancel Add &New"), QStringLiteral("cmdCustomer_0"));
     cmdCustomer[0]->setVisible(false);
