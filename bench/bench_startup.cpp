@@ -25,7 +25,7 @@ namespace
 class NoDesktop final : public Desktop
 {
 public:
-    void openUrl(const QString&) override {}
+    bool openUrl(const QString&) override { return true; }
     void setClipboardText(const QString&) override {}
 };
 

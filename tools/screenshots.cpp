@@ -26,6 +26,7 @@
 #include "sliprecords/frmcallrecord.h"
 #include "store/clock.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -59,7 +60,7 @@ public:
 class NoDesktop final : public Desktop
 {
 public:
-    void openUrl(const QString&) override {}
+    bool openUrl(const QString&) override { return true; }
     void setClipboardText(const QString&) override {}
 };
 
@@ -182,6 +183,9 @@ bool grabWorkingScreens(const QString& out)
     grab(customer, out, QStringLiteral("customer"));
     customer->Command1[0]->click();
     grab(customer, out, QStringLiteral("customer-search"));
+    customer->mnuPrint->trigger();
+    grab(customer, out, QStringLiteral("customer-list"));
+    customer->mnuPrint->trigger();
     customer->Command1[0]->click();
     customer->mnuAux->trigger();
     grab(customer, out, QStringLiteral("customer-aux"));

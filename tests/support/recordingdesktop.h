@@ -8,7 +8,12 @@
 class RecordingDesktop final : public Desktop
 {
 public:
-    void openUrl(const QString& url) override { opened << url; }
+    bool openUrl(const QString& url) override
+    {
+        opened << url;
+        return browser;
+    }
+    bool browser = true; // false: the desktop has no browser to open
     void setClipboardText(const QString& text) override { clipboard = text; }
     QStringList opened;
     QString clipboard;

@@ -7,6 +7,8 @@
 #include "shell/keyfilters.h"
 #include "store/dispatchingvariables.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -27,6 +29,33 @@ bool isBusiness(const QString& type)
 }
 
 } // namespace
+
+CustomerBoxWidths CustomerBoxLimits()
+{
+    using namespace CustomerField;
+    const RecordLayout& layout = CustomerLayout();
+    auto width = [&layout](int field) { return layout.field(field).width; };
+    CustomerBoxWidths w;
+    w.txtCustomer[CustomerBox::AccountNo] = width(AccountNo);
+    w.txtCustomer[CustomerBox::Name] = width(Name);
+    w.txtCustomer[CustomerBox::Address1] = width(Address1);
+    w.txtCustomer[CustomerBox::Address2] = width(Address2);
+    // Zip always, and Address4 as well in the USA style.
+    w.txtCustomer[CustomerBox::PostalCode] = std::min(width(Zip), width(Address4));
+    w.txtCustomer[CustomerBox::Phone] = width(Phone);
+    w.txtCustomer[CustomerBox::Other] = width(Other);
+    w.txtCustomer[CustomerBox::FirstName] = width(FirstName);
+    w.txtCustomer[CustomerBox::MiddleInitial] = width(MiddleInitial);
+    w.txtCustomer[CustomerBox::LastName] = width(LastName);
+    w.txtCustomer[CustomerBox::Cell] = width(Cell);
+    // The city goes to CityShort in both styles, and to Address3 in the USA style.
+    w.cboCity = std::min(width(CityShort), width(Address3));
+    w.cboStates = width(State);
+    w.txtAdd3 = width(Address3);
+    w.txtAdd4 = width(Address4);
+    w.cboTitle = width(Title);
+    return w;
+}
 
 CustomerBoxes BoxesFromCustomer(const CustomerRecord& r)
 {

@@ -44,6 +44,19 @@ struct CustomerBoxes {
     bool operator==(const CustomerBoxes&) const = default;
 };
 
+// How many characters each box takes: the width of the field it is stored in, or of the
+// narrower one where a box is stored in two, so that a save never cuts what the user typed.
+// A box with no field (txtCustomer 4) has 0.
+struct CustomerBoxWidths {
+    std::array<int, 12> txtCustomer{};
+    int cboCity = 0;
+    int cboStates = 0;
+    int txtAdd3 = 0;
+    int txtAdd4 = 0;
+    int cboTitle = 0;
+};
+CustomerBoxWidths CustomerBoxLimits();
+
 // The boxes of a record as ShowCustomer fills them: trimmed fields, the city in both city
 // boxes, the postal code box from Zip or, when that is blank, Address4, the middle initial
 // as stored, and the label "Business" or "Individual".

@@ -2,6 +2,7 @@
 
 #include "schedule/slipfiles.h"
 #include "schedule/sliprecord.h"
+#include "schedule/timegrid.h"
 #include "sliprecords/recordsummary.h"
 #include "store/cp1252.h"
 #include "store/dispatchingvariables.h"
@@ -57,6 +58,7 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
 
     struct Row {
         int key;
+        int slot; // the day's slots run in time order; a slot without a time goes last
         QStringList cells;
     };
     QList<Row> rows;
@@ -71,16 +73,17 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
         const int key = date.year() * 1000 + date.dayOfYear();
         QString& keyText = keys[key];
         if (keyText.isNull()) keyText = CourtesyDateKey(date);
-        rows.append(
-            {key,
-             {r.text(SlipField::Name), pool.get(dateText),
-              slot >= 1 && slot < int(c.v.TimeLabels.size()) ? c.v.TimeLabels[slot] : QString(),
-              r.text(SlipField::Tel),
-              team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString(),
-              pool.get(r.trimmedBytes(SlipField::Reference)), keyText}});
+        const bool timed = slot >= 1 && slot <= 12;
+        rows.append({key,
+                     timed ? slot : 13,
+                     {r.text(SlipField::Name), pool.get(dateText),
+                      timed ? GridLabel(c.v, slot) : QString(), r.text(SlipField::Tel),
+                      team >= 1 && team < c.v.gAssignTo.size() ? c.v.gAssignTo[team] : QString(),
+                      pool.get(r.trimmedBytes(SlipField::Reference)), keyText}});
     });
-    std::stable_sort(rows.begin(), rows.end(),
-                     [](const Row& a, const Row& b) { return a.key < b.key; });
+    std::stable_sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) {
+        return a.key != b.key ? a.key < b.key : a.slot < b.slot;
+    });
     QList<QStringList> out;
     out.reserve(rows.size());
     for (Row& row : rows)

@@ -18,7 +18,7 @@ namespace CourtesyColumn
 enum : int {
     Name,       // trimmed Name
     EventDate,  // trimmed EventDate
-    Time,       // the hour label of StartSlot
+    Time,       // the grid's label of StartSlot, with am or pm
     Tel,        // trimmed Tel
     AssignedTo, // the team's name
     Reference,  // trimmed Reference
@@ -27,7 +27,7 @@ enum : int {
 };
 }
 
-// The rows in date order (the file's order within a day). A start slot or team number
+// The rows in date and time order (the file's order among equal times). A start slot or team number
 // without a label or a team gives an empty cell; a record whose date cannot be read is
 // not listed. A missing Slips.txt is created empty, as opening it always did.
 Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, const QDate& to);

@@ -7,7 +7,8 @@ class Desktop
 {
 public:
     virtual ~Desktop() = default;
-    // Shows a web address in the system's browser, without waiting for it.
-    virtual void openUrl(const QString& url) = 0;
+    // Shows a web address in the system's browser, without waiting for it. False when no
+    // browser could be started.
+    virtual bool openUrl(const QString& url) = 0;
     virtual void setClipboardText(const QString& text) = 0;
 };

@@ -3,6 +3,7 @@
 #include "customers/customerfiles.h"
 #include "schedule/slipfiles.h"
 #include "schedule/sliprecord.h"
+#include "schedule/timegrid.h"
 #include "shell/dialogs.h"
 #include "sliprecords/recordsummary.h"
 #include "store/clock.h"
@@ -115,7 +116,10 @@ RecordDetail LoadRecData(CoreContext& c, bool CompletionInstalled)
     if (start != QLatin1String("No")) {
         bool ok = false;
         const int slot = start.toInt(&ok);
-        if (ok && slot >= 0 && slot <= 12) d.txtTime = v.TimeLabels[slot];
+        if (ok && slot >= 0 && slot <= 12) {
+            d.txtTime = GridLabel(v, slot);
+            d.timeLabel = v.TimeLabels[slot];
+        }
     }
     d.txtDate = take(SlipField::EventDate);
     const QDate date = ParseSlipDate(cp1252::encode(d.txtDate));

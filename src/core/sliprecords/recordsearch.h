@@ -29,7 +29,8 @@ struct RecordDetail {
     QString EventKind; // trimmed RecType
     QString txtName, txtStreet, txtCity, txtApt, txtSt, txtZip, txtTel, txtAcctNo;
     QString txtDuration; // hours, a blank, the unit
-    QString txtTime;     // the short label of the starting slot
+    QString txtTime;     // the starting slot as the grid labels it, with am or pm
+    QString timeLabel;   // its short label, as the day's slot texts hold it
     QString txtDate, txtDay, txtStatus, txtAmount, txtForm;
     QString txtReference; // the confirmation number of a Service, else the reference
     bool cmdCancel = false, cmdReschedule = false, cmdCompleted = false;

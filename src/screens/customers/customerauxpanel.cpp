@@ -1,6 +1,7 @@
 #include "customerauxpanel.h"
 
 #include "shell/dialogs.h"
+#include "shell/taborder.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -88,17 +89,34 @@ CustomerAuxPanel::CustomerAuxPanel(CoreContext& ctx, std::function<QString()> ac
     big->addLayout(bigButtons);
     fraBig->setVisible(false);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(ckSaveAux);
-    buttons->addStretch(1);
-    for (int i : {0, 3, 8, 7, 2})
-        buttons->addWidget(cmdSaveAux[i]);
+    // Two short rows rather than one long one, so the panel fits beside the form on a
+    // laptop's screen.
+    auto* buttons = new QGridLayout;
+    buttons->addWidget(ckSaveAux, 0, 0, 1, 3);
+    buttons->addWidget(cmdSaveAux[8], 1, 0);
+    buttons->addWidget(cmdSaveAux[7], 1, 1);
+    buttons->addWidget(cmdSaveAux[3], 1, 2);
+    buttons->addWidget(cmdSaveAux[0], 2, 0);
+    buttons->addWidget(cmdSaveAux[2], 2, 2);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lblAccount);
     layout->addLayout(boxes, 1);
     layout->addWidget(fraBig, 1);
     layout->addLayout(buttons);
+
+    // Row by row: the two headings with their Clear, then the two notes below them.
+    QList<QWidget*> chain;
+    for (int n = 0; n < 6; n += 2)
+        chain << txtHeading[n] << lblClear[n] << txtHeading[n + 1] << lblClear[n + 1] << txtAux[n]
+              << txtAux[n + 1];
+    chain << txtBig;
+    for (int i : {5, 6, 4})
+        chain << cmdSaveAux[i];
+    chain << ckSaveAux;
+    for (int i : {8, 7, 3, 0, 2})
+        chain << cmdSaveAux[i];
+    SetTabChain(chain);
 }
 
 void CustomerAuxPanel::report(const Status& s)

@@ -1,6 +1,7 @@
 #include "customersearchpanel.h"
 
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/flexgrid.h"
 
 #include <QGridLayout>
@@ -62,8 +63,18 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
                                    QStringLiteral("Rec")});
     fgCustomersFound->grid()->setColumnAlignment(CustomerHits::Phone, Qt::AlignCenter);
     fgCustomersFound->grid()->setColumnAlignment(CustomerHits::Rec, Qt::AlignCenter);
-    fgCustomersFound->horizontalHeader()->setSectionResizeMode(CustomerHits::Customer,
-                                                               QHeaderView::Stretch);
+    // The telephone and the record number take the width of their widest value, measured
+    // once rather than over every row; name, street and city share the rest.
+    QHeaderView* header = fgCustomersFound->horizontalHeader();
+    const QFontMetrics fm = fgCustomersFound->fontMetrics();
+    for (int column : {CustomerHits::Customer, CustomerHits::Street, CustomerHits::City})
+        header->setSectionResizeMode(column, QHeaderView::Stretch);
+    header->setSectionResizeMode(CustomerHits::Phone, QHeaderView::Fixed);
+    header->resizeSection(CustomerHits::Phone,
+                          fm.horizontalAdvance(QStringLiteral("000-000-00000")));
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(CustomerHits::Rec, QHeaderView::Fixed);
+    header->resizeSection(CustomerHits::Rec, fm.horizontalAdvance(QStringLiteral("000000")) + 12);
     fgCustomersFound->viewport()->installEventFilter(this);
     cmdRetry = new QPushButton(QStringLiteral("&Close/Retry"), fraCustomersFound);
     cmdRetry->setObjectName(QStringLiteral("cmdRetry"));
@@ -82,14 +93,21 @@ CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    // The search options keep their height; the list of hits takes what is left, and
+    // without it the room stays empty below the options.
+    fraSearch->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     layout->addWidget(fraSearch);
     layout->addWidget(fraCustomersFound, 1);
+    layout->addStretch(0);
 
     connect(cmdClearSearch, &QPushButton::clicked, this, [this] {
         txtSearchfor->clear();
         txtSearchfor->setFocus();
     });
     connect(cmdHideSearch, &QPushButton::clicked, fraSearch, &QWidget::hide);
+    // Enter in the search box starts the search, as its button does.
+    EnterClicks(txtSearchfor, cmdStartSearch);
+    QWidget::setTabOrder(cmdPrintCustomers, cmdRetry);
     connect(cmdRetry, &QPushButton::clicked, this, &CustomerSearchPanel::cmdRetry_Click);
 }
 

@@ -7,6 +7,7 @@
 #include "customersearchpanel.h"
 #include "shell/dialogs.h"
 #include "shell/keyfilterwiring.h"
+#include "shell/taborder.h"
 #include "store/dispatchingvariables.h"
 #include "store/store.h"
 
@@ -77,9 +78,8 @@ frmCustomer::~frmCustomer() = default;
 void frmCustomer::buildBoxes()
 {
     const std::array<const char*, 12> tips = {
-        "Account No", "Name",           "Address 1", "Address 2",
-        nullptr,      "Postal Code",    "Phone",     "Fax, Email, ETC",
-        "First Name", "Middle Initial", "Last Name", "Cell"};
+        "Account No",      "Name",       "Address 1", "Address 2", nullptr, "Postal Code", "Phone",
+        "Fax, Email, ETC", "First Name", "MI",        "Last Name", "Cell"};
     for (int i = 0; i < 12; ++i) {
         if (!tips[i]) continue;
         txtCustomer[i] = new QLineEdit(this);
@@ -88,7 +88,8 @@ void frmCustomer::buildBoxes()
     }
     txtCustomer[CustomerBox::Phone]->setToolTip(QStringLiteral("AAA-EEE-NNNN"));
     txtCustomer[CustomerBox::Cell]->setToolTip(QStringLiteral("AAA-EEE-NNNN"));
-    txtCustomer[CustomerBox::MiddleInitial]->setMaximumWidth(40);
+    txtCustomer[CustomerBox::MiddleInitial]->setToolTip(QStringLiteral("Middle Initial"));
+    txtCustomer[CustomerBox::MiddleInitial]->setMaximumWidth(48);
     cboCity = plainCombo(this, "cboCity");
     cboStates = plainCombo(this, "cboStates");
     cboTitle = plainCombo(this, "cboTitle");
@@ -116,6 +117,16 @@ void frmCustomer::buildBoxes()
     m_accountModel = new AccountListModel(m_accounts, this);
     cboAccounts->setModel(m_accountModel);
     cboAccounts->setVisible(false);
+
+    // No box takes more than its field holds, so a save never cuts what was typed.
+    const CustomerBoxWidths widths = CustomerBoxLimits();
+    for (int i = 0; i < 12; ++i)
+        if (txtCustomer[i]) txtCustomer[i]->setMaxLength(widths.txtCustomer[i]);
+    cboCity->lineEdit()->setMaxLength(widths.cboCity);
+    cboStates->lineEdit()->setMaxLength(widths.cboStates);
+    cboTitle->lineEdit()->setMaxLength(widths.cboTitle);
+    txtAdd3->setMaxLength(widths.txtAdd3);
+    txtAdd4->setMaxLength(widths.txtAdd4);
 }
 
 void frmCustomer::buildButtons()
@@ -127,9 +138,16 @@ void frmCustomer::buildButtons()
     };
     cmdAcctType = button(QStringLiteral("Change &Type"), QStringLiteral("cmdAcctType"));
     cmdSame = button(QStringLiteral("Set Acct = Tel"), QStringLiteral("cmdSame"));
+    // Room on both sides of the caption, which the style's own margin leaves touching the edge.
+    cmdSame->setMinimumWidth(cmdSame->sizeHint().width() + 2 * fontMetrics().averageCharWidth());
     cmdNew = button(QStringLiteral("Add &New"), QStringLiteral("cmdNew"));
     cmdCustomer[0] = button(QStringLiteral("Cancel Add &New"), QStringLiteral("cmdCustomer_0"));
     cmdCustomer[0]->setVisible(false);
+    // The row keeps the button's room while it is hidden, so the form does not widen when
+    // a new account is begun.
+    QSizePolicy keep = cmdCustomer[0]->sizePolicy();
+    keep.setRetainSizeWhenHidden(true);
+    cmdCustomer[0]->setSizePolicy(keep);
     cmdCustomer[1] =
         button(QStringLiteral("S&elect This Customer"), QStringLiteral("cmdCustomer_1"));
     cmdCustomer[1]->setDefault(true);
@@ -226,6 +244,20 @@ void frmCustomer::buildLayout()
     form->addRow(QStringLiteral("Cell"), txtCustomer[CustomerBox::Cell]);
     form->addRow(QStringLiteral("Fax, Email, ETC"), txtCustomer[CustomerBox::Other]);
 
+    // The captions of the address frames line up with those of the form around them, so
+    // every box starts at one edge.
+    int captionWidth = 0;
+    QList<QWidget*> captions;
+    for (QFormLayout* f : {form, us, intl})
+        for (int row = 0; row < f->rowCount(); ++row)
+            if (QLayoutItem* item = f->itemAt(row, QFormLayout::LabelRole))
+                if (QWidget* caption = item->widget()) {
+                    captions << caption;
+                    captionWidth = std::max(captionWidth, caption->sizeHint().width());
+                }
+    for (QWidget* caption : captions)
+        caption->setMinimumWidth(captionWidth);
+
     auto* nav = new QHBoxLayout;
     for (int i : {0, 1, 4, 6, 5, 2, 3})
         nav->addWidget(cmdNav[i]);
@@ -259,6 +291,36 @@ void frmCustomer::buildLayout()
     layout->setMenuBar(menuBar);
     layout->addLayout(body);
     resize(1100, 620);
+
+    // Down the form as it reads, then its buttons, then the panels on the right.
+    namespace Box = CustomerBox;
+    QList<QWidget*> chain{cmdAcctType,
+                          txtCustomer[Box::AccountNo],
+                          cmdSame,
+                          txtCustomer[Box::Name],
+                          cboTitle,
+                          txtCustomer[Box::FirstName],
+                          txtCustomer[Box::MiddleInitial],
+                          txtCustomer[Box::LastName],
+                          cboAccounts,
+                          txtCustomer[Box::Address1],
+                          txtCustomer[Box::Address2],
+                          cboCity,
+                          cboStates,
+                          txtCustomer[Box::PostalCode],
+                          txtAdd3,
+                          txtAdd4,
+                          txtCustomer[Box::Phone],
+                          txtCustomer[Box::Cell],
+                          txtCustomer[Box::Other]};
+    for (int i : {0, 1, 4, 6, 5, 2, 3})
+        chain << cmdNav[i];
+    for (QPushButton* b : Command1)
+        chain << b;
+    for (QPushButton* b : {cmdNew, cmdCustomer[0], imgDialer, cmdHistory, cmdCustomer[1], cmdExit})
+        chain << b;
+    // The panels on the right were made after all of these and keep their place behind them.
+    SetTabChain(chain);
 }
 
 void frmCustomer::wireBoxes()

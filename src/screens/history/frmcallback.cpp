@@ -2,6 +2,7 @@
 
 #include "history/courtesycalls.h"
 #include "schedule/slipfiles.h"
+#include "shell/datecheck.h"
 #include "shell/dialogs.h"
 #include "shell/flexgrid.h"
 #include "store/clock.h"
@@ -24,6 +25,7 @@ frmCallBack::frmCallBack(CoreContext& ctx, QWidget* parent) : QWidget(parent), c
         box->setObjectName(name);
         box->setCalendarPopup(true);
         box->setDisplayFormat(QStringLiteral("MM/dd/yyyy"));
+        WireDateCheck(box, c.dialogs);
         return box;
     };
     DTStarting = dateBox(QStringLiteral("DTStarting"));

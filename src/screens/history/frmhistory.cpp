@@ -1,8 +1,10 @@
 #include "frmhistory.h"
 
 #include "history/historyview.h"
+#include "shell/datecheck.h"
 #include "shell/dialogs.h"
 #include "shell/flexgrid.h"
+#include "shell/taborder.h"
 #include "store/clock.h"
 #include "store/store.h"
 #include "store/usforms.h"
@@ -72,6 +74,7 @@ frmHistory::frmHistory(CoreContext& ctx, QWidget* parent)
         DTPicker1[i]->setCalendarPopup(true);
         DTPicker1[i]->setDisplayFormat(QStringLiteral("MM/dd/yyyy"));
         DTPicker1[i]->setMinimumDate(QDate(1601, 1, 1));
+        WireDateCheck(DTPicker1[i], c.dialogs);
         connect(DTPicker1[i], &QDateEdit::dateChanged, this, [this, i] {
             if (!m_settingDates) DTPicker1_Change(i);
         });
@@ -138,6 +141,12 @@ frmHistory::frmHistory(CoreContext& ctx, QWidget* parent)
     layout->addWidget(service, 1);
     layout->addWidget(ledger, 1);
     layout->addLayout(bottom);
+
+    QList<QWidget*> chain{cboAccounts, ckAccount, DTPicker1[0], DTPicker1[1], cmdLoad};
+    for (QPushButton* b : cmdIncome)
+        chain << b;
+    chain << cmdHistory[0] << cmdHistory[1] << fgSHistory << fgHistory << cmdReturn;
+    SetTabChain(chain);
     resize(900, 640);
 
     connect(cmdLoad, &QPushButton::clicked, this, &frmHistory::LoadGrids);

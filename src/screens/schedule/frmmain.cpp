@@ -7,6 +7,7 @@
 #include "schedule/freenumber.h"
 #include "schedule/slipfiles.h"
 #include "schedule/slipmessage.h"
+#include "schedule/sliprecord.h"
 #include "schedule/teammonth.h"
 #include "schedule/timegrid.h"
 #include "shell/desktop.h"
@@ -132,6 +133,7 @@ void frmMain::buildLayout()
     cboService->setInsertPolicy(QComboBox::NoInsert);
     cboService->installEventFilter(this);
     WireKeyFilter(cboService, KeyFilterKind::Quote, c.dialogs);
+    cboService->lineEdit()->setMaxLength(SlipLayout().field(SlipField::Reference).width);
     (new QVBoxLayout(fraService))->addWidget(cboService);
 
     ckSaveUnscheduled = new QCheckBox(QStringLiteral("Store as an Unscheduled Slip"), central);
@@ -287,8 +289,8 @@ void frmMain::buildLayout()
         if (!m_settingCalendar) Calender_Change(Calender->selectedDate());
     });
     connect(lstTeam, &QListWidget::currentRowChanged, this, &frmMain::lstTeam_Change);
-    connect(fraTeamCal->UpDnTeam, &UpDown::upClicked, this, [this] { UpDnTeam_Step(1); });
-    connect(fraTeamCal->UpDnTeam, &UpDown::downClicked, this, [this] { UpDnTeam_Step(-1); });
+    connect(fraTeamCal->UpDnTeam, &UpDown::upClicked, this, [this] { UpDnTeam_Step(-1); });
+    connect(fraTeamCal->UpDnTeam, &UpDown::downClicked, this, [this] { UpDnTeam_Step(1); });
     connect(updnTime, &UpDown::upClicked, this, [this] { updnTime_Change(1); });
     connect(updnTime, &UpDown::downClicked, this, [this] { updnTime_Change(-1); });
     connect(fgHours, &QAbstractItemView::clicked, this,

@@ -2,6 +2,7 @@
 
 #include "schedule/slipfiles.h"
 #include "shell/flexgrid.h"
+#include "shell/taborder.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -46,6 +47,8 @@ StoredSlipsFrame::StoredSlipsFrame(QWidget* parent) : QGroupBox(parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(fgUnscheduled, 1);
     layout->addLayout(buttons);
+    SetTabChain({fgUnscheduled, cmdUnscheduled[LoadSlip], cmdUnscheduled[DeleteSelected],
+                 cmdUnscheduled[DeleteAll], cmdUnscheduled[CancelExit]});
     connect(fgUnscheduled, &QAbstractItemView::doubleClicked, this,
             [this] { emit buttonClicked(LoadSlip); });
 }

@@ -1,5 +1,6 @@
 #include "teammonthframe.h"
 
+#include "shell/taborder.h"
 #include "shell/updown.h"
 
 #include <QEvent>
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 QColor TeamMonthFrame::bookedColor()
@@ -88,6 +90,7 @@ TeamMonthFrame::TeamMonthFrame(QWidget* parent) : QGroupBox(parent)
     layout->addLayout(top);
     layout->addLayout(sheet, 1);
     layout->addLayout(bottom);
+    SetTabChain({txtCurrentTeam, UpDnTeam->up, UpDnTeam->down, txtCurrentDate});
 
     connect(cmdHide, &QPushButton::clicked, this, &QWidget::hide);
 }

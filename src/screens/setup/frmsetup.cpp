@@ -11,6 +11,7 @@
 #include "setup/addressstyle.h"
 #include "setup/assignments.h"
 #include "shell/dialogs.h"
+#include "shell/taborder.h"
 #include "shell/logo.h"
 #include "setup/setupdata.h"
 #include "shell/startup.h"
@@ -95,6 +96,7 @@ frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
     layout->addWidget(fraHelp);
     layout->addLayout(bottom);
     resize(980, 660);
+    SetTabChain({Image1_0, cmdHelp, cmdQuit});
 
     connect(tabSetup, &QTabWidget::currentChanged, this, &frmSetup::tabChanged);
     connect(Image1_0, &QToolButton::clicked, this, &frmSetup::Image1_Click);

@@ -2,6 +2,7 @@
 
 #include "setup/assignments.h"
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/keyfilterwiring.h"
 #include "store/dispatchingvariables.h"
 #include "store/settingsfiles.h"
@@ -53,6 +54,8 @@ SetupAssignmentsTab::SetupAssignmentsTab(CoreContext& ctx, QWidget* parent)
     connect(cmdSave, &QPushButton::clicked, this, &SetupAssignmentsTab::cmdSave_Click);
     connect(cmdChange, &QPushButton::clicked, this, &SetupAssignmentsTab::cmdChange_Click);
     connect(cmdDelete, &QPushButton::clicked, this, &SetupAssignmentsTab::cmdDelete_Click);
+    // Enter in the box adds what it holds, as the Add button does, while adding is open.
+    EnterClicks(cboAssignments->lineEdit(), cmdSave);
     enterTab();
 }
 

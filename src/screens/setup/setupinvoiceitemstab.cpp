@@ -4,7 +4,10 @@
 #include "shell/keyfilterwiring.h"
 #include "setup/setupdata.h"
 #include "shell/updown.h"
+#include "shell/enterkey.h"
+#include "shell/taborder.h"
 
+#include <QToolButton>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
@@ -54,6 +57,9 @@ SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
         buttons->addWidget(cmdRInvoice[i]);
     }
     buttons->addStretch(1);
+    // Enter in either box adds the item, as the Add button does.
+    for (QLineEdit* box : {txtInvoiceItem, txtInvoicePrice})
+        EnterClicks(box, cmdRInvoice[0]);
 
     fraHelp1 = new QFrame(this);
     fraHelp1->setObjectName(QStringLiteral("fraHelp1"));
@@ -83,6 +89,12 @@ SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
     layout->addWidget(note);
     layout->addLayout(grid, 1);
     layout->addWidget(fraHelp1);
+
+    QList<QWidget*> chain{txtInvoiceItem, txtInvoicePrice, lstInvoiceItems, lstInvoiceItemsCost,
+                          UpDown1->up,    UpDown1->down,   lstRItems};
+    for (QPushButton* b : cmdRInvoice)
+        chain << b;
+    SetTabChain(chain);
 
     connect(lstInvoiceItems, &QListWidget::currentRowChanged, this,
             &SetupInvoiceItemsTab::selectEntry);

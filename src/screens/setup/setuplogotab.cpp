@@ -4,7 +4,9 @@
 #include "shell/dialogs.h"
 #include "setup/setupdata.h"
 #include "shell/updown.h"
+#include "shell/taborder.h"
 
+#include <QToolButton>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -81,6 +83,8 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
     layout->addWidget(new QLabel(
         QStringLiteral("Adjustment is limited based upon the space on the form."), this));
     layout->addLayout(row);
+    // Width comes before Height on the screen.
+    SetTabChain({UpDown3->up, UpDown3->down, UpDown2->up, UpDown2->down});
     layout->addStretch(1);
     showSize();
 }

@@ -43,6 +43,7 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
     auto* hoursLayout = new QVBoxLayout(hours);
     hoursLayout->addWidget(ck7);
     hoursLayout->addWidget(ck8);
+    hoursLayout->addStretch(1);
     auto* days = new QGroupBox(QStringLiteral("Work Week"), week);
     optMF = named(new QRadioButton(WorkWeekCaption(5), days), "optMF");
     optMS = named(new QRadioButton(WorkWeekCaption(61), days), "optMS");
@@ -51,9 +52,11 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
     auto* daysLayout = new QVBoxLayout(days);
     for (QRadioButton* b : {optMF, optMS, optSF, optSS})
         daysLayout->addWidget(b);
+    daysLayout->addStretch(1);
+    // The options stay together at the top, however tall the window.
     auto* weekLayout = new QHBoxLayout(week);
-    weekLayout->addWidget(hours);
-    weekLayout->addWidget(days);
+    weekLayout->addWidget(hours, 0, Qt::AlignTop);
+    weekLayout->addWidget(days, 0, Qt::AlignTop);
     weekLayout->addStretch(1);
     tabSub->addTab(week, QStringLiteral("Work Week"));
 

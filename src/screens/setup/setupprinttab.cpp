@@ -61,6 +61,7 @@ SetupPrintTab::SetupPrintTab(CoreContext& ctx, QWidget* parent) : QWidget(parent
     layout->addLayout(grid);
     layout->addWidget(ckColor);
     layout->addStretch(1);
+    QWidget::setTabOrder(cboCopies, ckColor);
     showSettings({});
 }
 

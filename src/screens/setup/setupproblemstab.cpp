@@ -1,12 +1,15 @@
 #include "setupproblemstab.h"
 
+#include "schedule/sliprecord.h"
 #include "setup/assignments.h"
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/keyfilterwiring.h"
 #include "store/dispatchingvariables.h"
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -37,6 +40,10 @@ SetupProblemsTab::SetupProblemsTab(CoreContext& ctx, QWidget* parent) : QWidget(
     layout->addStretch(1);
     connect(cmdSavePC, &QPushButton::clicked, this, &SetupProblemsTab::cmdSavePC_Click);
     connect(cmdDeletePC, &QPushButton::clicked, this, &SetupProblemsTab::cmdDeletePC_Click);
+    // Enter in the box adds what it holds, as the Add button does.
+    EnterClicks(cboProblems->lineEdit(), cmdSavePC);
+    // A problem becomes the reference of the slips booked for it.
+    cboProblems->lineEdit()->setMaxLength(SlipLayout().field(SlipField::Reference).width);
 }
 
 QStringList SetupProblemsTab::entries() const

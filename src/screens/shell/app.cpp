@@ -493,5 +493,7 @@ void App::OpenWebPage(const QString& url)
         m_dialogs.message(shortcut.message());
         return;
     }
-    m_desktop.openUrl(url);
+    // Without a browser the click would otherwise do nothing the user can see.
+    if (!m_desktop.openUrl(url))
+        m_dialogs.message(QStringLiteral("No web browser could be started to show") + u'\n' + url);
 }

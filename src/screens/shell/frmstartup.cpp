@@ -1,6 +1,7 @@
 #include "frmstartup.h"
 
 #include "shell/dialogs.h"
+#include "shell/taborder.h"
 #include "store/dispatchingvariables.h"
 #include "store/store.h"
 #include "weburls.h"
@@ -87,6 +88,12 @@ frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled,
         grid->addWidget(box, g / 2, g % 2);
     }
     layout->addLayout(grid, 1);
+    // The entries as the groups show them, group by group, rather than by their numbers.
+    QList<QWidget*> chain;
+    for (const auto& group : groups())
+        for (int entry : group.entries)
+            chain << lblSub[entry];
+    SetTabChain(chain);
 
     Label1_12 = new QLabel(QStringLiteral("Use your Term Planner Program"), central);
     Label1_12->setObjectName(QStringLiteral("Label1_12"));

@@ -5,7 +5,10 @@
 #include <QGuiApplication>
 #include <QUrl>
 
-void QtDesktop::openUrl(const QString& url) { QDesktopServices::openUrl(QUrl(url)); }
+bool QtDesktop::openUrl(const QString& url)
+{
+    return QDesktopServices::openUrl(QUrl(url));
+}
 
 void QtDesktop::setClipboardText(const QString& text)
 {

@@ -6,6 +6,6 @@
 class QtDesktop final : public Desktop
 {
 public:
-    void openUrl(const QString& url) override;
+    bool openUrl(const QString& url) override;
     void setClipboardText(const QString& text) override;
 };

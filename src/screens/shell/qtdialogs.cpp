@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSpacerItem>
 
 namespace
@@ -18,12 +19,30 @@ int titleRoom(const QString& title)
     return metrics.horizontalAdvance(title) + 140;
 }
 
+// The window the user is working in: the active one, or, while a screen that has just
+// come up is not active yet, the one screen on show.
+QWidget* workingWindow()
+{
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    QWidget* shown = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (!w->isVisible() || w->windowType() == Qt::Popup || w->windowType() == Qt::ToolTip)
+            continue;
+        if (shown) return nullptr; // more than one: the desktop's choice stands
+        shown = w;
+    }
+    return shown;
+}
 } // namespace
 
 Dialogs::Answer QtDialogs::message(const QString& text, const QString& title, Buttons buttons,
                                    Icon icon)
 {
-    QMessageBox box(m_parent);
+    // The message belongs to the window the user is working in, and that window is active
+    // again once it is answered: what the user types next goes to the box the caller puts
+    // the focus on, not to whichever window the desktop happens to pick.
+    const QPointer<QWidget> working = workingWindow();
+    QMessageBox box(working ? working.data() : m_parent);
     const QString caption = title.isEmpty() ? ApplicationTitle() : title;
     box.setWindowTitle(caption);
     box.setText(text);
@@ -65,7 +84,9 @@ Dialogs::Answer QtDialogs::message(const QString& text, const QString& title, Bu
         box.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel);
         break;
     }
-    switch (box.exec()) {
+    const int answer = box.exec();
+    if (working && working->isVisible()) working->activateWindow();
+    switch (answer) {
     case QMessageBox::Cancel:
         return Answer::Cancel;
     case QMessageBox::Yes:

@@ -19,7 +19,7 @@ public:
     static ScreenFrame* attach(QWidget* form, const QString& key, std::function<void()> onCloseBox);
 
     // Tests and screenshots switch the keeping of sizes off, so they neither read nor
-    // leave anything in the user's settings.
+    // leave anything in the user's settings, and place the screens themselves.
     static void setGeometryKept(bool kept);
     static bool geometryKept();
 

@@ -1,7 +1,10 @@
 #include "frmcallrecord.h"
 
+#include "schedule/sliprecord.h"
 #include "shell/dialogs.h"
+#include "shell/enterkey.h"
 #include "shell/flexgrid.h"
+#include "shell/taborder.h"
 #include "sliprecords/deletecallrec.h"
 #include "sliprecords/recordsummary.h"
 #include "store/clock.h"
@@ -62,12 +65,14 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     fgSummary->setHeadings({QStringLiteral("Date"), QStringLiteral("Type"), QStringLiteral("Name"),
                             QStringLiteral("Acct No"), QStringLiteral("Day"),
                             QStringLiteral("Confirmation")});
-    fgSummary->horizontalHeader()->setStretchLastSection(true);
+    // The name gives way, so that every column, the confirmation number last, stays in
+    // view on the screen's own width.
     fgSummary->setColumnWidth(0, 90);
     fgSummary->setColumnWidth(1, 90);
-    fgSummary->setColumnWidth(2, 220);
-    fgSummary->setColumnWidth(3, 130);
+    fgSummary->setColumnWidth(3, 120);
     fgSummary->setColumnWidth(4, 50);
+    fgSummary->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
+    fgSummary->horizontalHeader()->setSectionResizeMode(5, QHeaderView::ResizeToContents);
     lblHint = new QLabel(QStringLiteral("Click on Acct No. to Load Call Data"), fraSummary);
     lblHint->setObjectName(QStringLiteral("lblHint"));
     cmdHide = button(QStringLiteral("Hide Grid"), QStringLiteral("cmdHide"), fraSummary);
@@ -117,6 +122,9 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     searchLayout->addWidget(txtTelNo, 0, 1);
     searchLayout->addWidget(lblConfNo, 1, 0);
     searchLayout->addWidget(txtConfNo, 1, 1);
+    // A search box takes no more than the field it is compared with.
+    txtTelNo->setMaxLength(SlipLayout().field(SlipField::AcctNo).width);
+    txtConfNo->setMaxLength(SlipLayout().field(SlipField::ConfirmationNo).width);
 
     cmdSearch = button(QStringLiteral("&Start Search"), QStringLiteral("cmdSearch"), central);
     cmdContinue = button(QStringLiteral("&Continue"), QStringLiteral("cmdContinue"), central);
@@ -140,7 +148,7 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     left->addWidget(cmdExit);
 
     // The record on show.
-    auto* fraDetail = new QGroupBox(QStringLiteral("Service Attention Record"), central);
+    fraDetail = new QGroupBox(QStringLiteral("Service Attention Record"), central);
     fraDetail->setObjectName(QStringLiteral("fraDetail"));
     txtAcctNo = field(QStringLiteral("txtAcctNo"), fraDetail);
     txtName = field(QStringLiteral("txtName"), fraDetail);
@@ -180,13 +188,14 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     detailLayout->addLayout(customer, 1);
     detailLayout->addLayout(event, 1);
 
-    // The summary lies over the record panel: the grid is the list view, hiding it shows
-    // the detail view.
+    // The summary takes the record panel's place: the grid is the list view, hiding it
+    // shows the detail view.
     auto* right = new QGridLayout;
     right->addWidget(fraDetail, 0, 0, Qt::AlignTop);
     right->addWidget(fraSummary, 0, 0);
     fraSummary->setAutoFillBackground(true);
     fraSummary->raise();
+    fraDetail->setVisible(false);
     auto* layout = new QHBoxLayout(central);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->addLayout(left);
@@ -205,6 +214,23 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
     connect(cmdExit, &QPushButton::clicked, this, &frmCallRecord::cmdExit_Click);
     connect(cmdHide, &QPushButton::clicked, this, &frmCallRecord::cmdHide_Click);
     connect(mnuView, &QAction::triggered, this, &frmCallRecord::mnuView_Click);
+    // Enter in a search box starts the search, as the button does.
+    for (QLineEdit* box : {txtTelNo, txtConfNo})
+        EnterClicks(box, cmdSearch);
+
+    // Down the left column, then the grid or the record on the right.
+    QList<QWidget*> chain;
+    for (QRadioButton* b : optSearchfor)
+        chain << b;
+    for (QRadioButton* b : optSearchby)
+        chain << b;
+    chain << txtTelNo << txtConfNo << cmdSearch << cmdContinue << cmdReschedule << cmdCancel
+          << cmdCompleted << cmdExit << fgSummary << cmdHide;
+    for (QLineEdit* e :
+         {txtAcctNo, txtName, txtStreet, txtApt, txtCity, txtSt, txtZip, txtTel, txtDate, txtDay,
+          txtTime, txtDuration, txtStatus, txtAmount, txtForm, txtReference})
+        chain << e;
+    SetTabChain(chain);
 
     Form_Load();
 }
@@ -212,7 +238,7 @@ frmCallRecord::frmCallRecord(CoreContext& ctx, QWidget* parent) : QMainWindow(pa
 void frmCallRecord::Form_Load()
 {
     CompletionInstalled = c.store.FileExists(JobCloserFile());
-    fraSummary->setVisible(true);
+    showSummary(true);
     mnuView->setText(kListView);
     cmdSearch->setVisible(true);
     cmdContinue->setVisible(false);
@@ -305,7 +331,7 @@ void frmCallRecord::fgSummary_Click(int row)
                 QStringLiteral("This slip can not be rescheduled or deleted\n(Date has expired)"));
         return;
     }
-    fraSummary->setVisible(false);
+    showSummary(false);
     Result<qint16> file = FindSlipByAccountAndDate(c, fgSummary->textMatrix(row, 3), date);
     if (fail(file.status())) return;
     // A row whose record has gone from both files loads nothing and says nothing.
@@ -398,6 +424,9 @@ void frmCallRecord::LoadRecData()
 {
     const RecordDetail d = ::LoadRecData(c, CompletionInstalled);
     EventKind = d.EventKind;
+    TimeLabel = d.timeLabel;
+    // The record found is what the user is after: the list gives way to it.
+    showSummary(false);
     txtName->setText(d.txtName);
     txtStreet->setText(d.txtStreet);
     txtCity->setText(d.txtCity);
@@ -422,6 +451,7 @@ void frmCallRecord::LoadRecData()
 
 void frmCallRecord::ClearForm()
 {
+    TimeLabel.clear();
     for (QLineEdit* e : {txtAcctNo, txtName, txtStreet, txtApt, txtCity, txtSt, txtZip, txtTel,
                          txtDuration, txtTime, txtDate, txtDay, txtStatus, txtAmount, txtForm,
                          txtReference, txtConfNo, txtTelNo})
@@ -438,7 +468,7 @@ void frmCallRecord::ClearForm()
 
 bool frmCallRecord::deleteShown(qint16 completed)
 {
-    const CallRecordOnShow shown{SearchFile, EventKind, txtName->text(), txtTime->text()};
+    const CallRecordOnShow shown{SearchFile, EventKind, txtName->text(), TimeLabel};
     return !fail(DeleteCallRec(c, shown, completed));
 }
 
@@ -492,13 +522,19 @@ void frmCallRecord::cmdExit_Click()
     Form_Load();
 }
 
+void frmCallRecord::showSummary(bool shown)
+{
+    fraSummary->setVisible(shown);
+    fraDetail->setVisible(!shown);
+}
+
 void frmCallRecord::cmdHide_Click()
 {
-    fraSummary->setVisible(false);
+    showSummary(false);
 }
 
 void frmCallRecord::mnuView_Click()
 {
-    fraSummary->setVisible(fraSummary->isHidden());
+    showSummary(fraSummary->isHidden());
     mnuView->setText(mnuView->text() == kListView ? kDetailView : kListView);
 }

@@ -62,6 +62,7 @@ public:
     QLineEdit* txtAmount;
     QLineEdit* txtForm;
     QLineEdit* txtReference;
+    QGroupBox* fraDetail;
 
     QAction* mnuView; // "List View" / "Detail View"
 
@@ -70,6 +71,7 @@ public:
     qint16 SearchFile = 1; // 1 Slips.txt, 2 Meetings.txt, 3 after a grid row found nowhere
     qint16 RecPointer = 0; // the record the next step reads; 0 once the last was shown
     QString EventKind;     // trimmed RecType of the record on show
+    QString TimeLabel;     // the short label of its starting slot, as its day file has it
     bool CompletionInstalled = false; // the sibling completion program stands beside us
 
     // Coming to the front: the summary of both files is built anew, the file options
@@ -115,6 +117,8 @@ private:
     // the user was told.
     bool deleteShown(qint16 completed);
     bool fail(const Status& s);
+    // The list view (the summary grid) or the detail view (the record on show).
+    void showSummary(bool shown);
 
     CoreContext& c;
     QButtonGroup* m_searchFor;

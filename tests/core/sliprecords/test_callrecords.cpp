@@ -255,7 +255,9 @@ void TestCallRecords::loadRecData()
     QCOMPARE(d.cmdCompleted, completable);
     QCOMPARE(d.EventKind, QString("Service"));
     QCOMPARE(d.txtReference, QString("SA1-2"));
-    QCOMPARE(d.txtTime, QString("01:00"));
+    // Shown as the grid labels it; the day file's slot text uses the short label.
+    QCOMPARE(d.txtTime, QString("01:00pm"));
+    QCOMPARE(d.timeLabel, QString("01:00"));
     QCOMPARE(d.txtDuration, QString("2 Hours"));
     QCOMPARE(d.txtAmount, QString("$0.00"));
     // Stored back trimmed, and the amount in its currency form.

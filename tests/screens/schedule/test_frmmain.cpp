@@ -429,10 +429,12 @@ void TestFrmMain::monthSheetGoesToTheClickedDay()
     QCOMPARE(sheet->txtCurrentTeam->text(), QString("South Truck"));
 
     // Stepping the team redraws the open sheet.
-    QTest::mouseClick(sheet->UpDnTeam->up, Qt::LeftButton);
+    // The arrows move as they point: down the list to the next team, and back up.
+    QTest::mouseClick(sheet->UpDnTeam->down, Qt::LeftButton);
     QCOMPARE(s.w->lstTeam->currentRow(), 2);
     QCOMPARE(sheet->Text1[19]->text(), QString("15"));
-    QTest::mouseClick(sheet->UpDnTeam->down, Qt::LeftButton);
+    QTest::mouseClick(sheet->UpDnTeam->up, Qt::LeftButton);
+    QCOMPARE(s.w->lstTeam->currentRow(), 1);
 
     QTest::mouseClick(sheet->Text1[0], Qt::LeftButton); // before the 1st: nothing
     QVERIFY(sheet->isVisible());

@@ -366,6 +366,13 @@ void TestFirstRun::continueGoesToTheMenuWhenFilesStand()
     app->startup->mnuAddress->trigger();
     QCOMPARE(run.desktop.opened.size(), 1);
     VERIFY_DIALOGS(run.dialogs);
+
+    // With no browser to start, the user is told rather than left waiting.
+    run.desktop.browser = false;
+    run.dialogs.expectContaining("No web browser could be started");
+    app->startup->mnuHelp->trigger();
+    QCOMPARE(run.desktop.opened.size(), 2);
+    VERIFY_DIALOGS(run.dialogs);
 }
 
 void TestFirstRun::closeBoxEndsTheProgram()

@@ -1,12 +1,15 @@
 #include "scripteddialogs.h"
 #include "shell/flexgrid.h"
 #include "shell/keyfilterwiring.h"
+#include "shell/qtdialogs.h"
 #include "shell/screenframe.h"
 
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QtTest>
 
@@ -23,6 +26,7 @@ private slots:
     void priceBoxDropsKeysSilently();
     void nameBoxRefusesWithAMessage();
     void resetScreenByTags();
+    void messageHandsTheScreenBack();
 };
 
 void TestShellWidgets::fiftyThousandRowsFillAtOnce()
@@ -174,6 +178,34 @@ void TestShellWidgets::resetScreenByTags()
     QVERIFY(instruction->isHidden());
     QVERIFY(!button->isHidden() && !button->isEnabled());
     QVERIFY(!plain->isHidden() && plain->isEnabled());
+}
+
+// A message shown while a screen that has just come up is not active yet belongs to that
+// screen, and the screen is active again when the message is answered, so what the user
+// types next goes to the box the screen gives the focus.
+void TestShellWidgets::messageHandsTheScreenBack()
+{
+    QWidget screen;
+    auto* box = new QLineEdit(&screen);
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&screen));
+    QApplication::setActiveWindow(nullptr);
+    QWidget* owner = nullptr;
+    QTimer::singleShot(0, [&owner] {
+        auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!shown) return;
+        owner = shown->parentWidget();
+        shown->button(QMessageBox::Ok)->click();
+    });
+    QtDialogs qt;
+    Dialogs& dialogs = qt;
+    QCOMPARE(dialogs.message("Your Customer File is Empty", "Create Customers"),
+             Dialogs::Answer::Ok);
+    QCOMPARE(owner, &screen);
+    box->setFocus();
+    QTRY_COMPARE(QApplication::activeWindow(), &screen);
+    QTest::keyClicks(QApplication::focusWidget(), "A-100");
+    QCOMPARE(box->text(), QString("A-100"));
 }
 
 QTEST_MAIN(TestShellWidgets)

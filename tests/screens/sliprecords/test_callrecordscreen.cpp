@@ -276,6 +276,9 @@ void TestCallRecordScreen::search()
     QCOMPARE(s.txtReference->text(), found);
     QCOMPARE(s.cmdReschedule->isEnabled(), !found.isEmpty());
     if (found.isEmpty()) QVERIFY(!s.txtTelNo->isEnabled() && !s.txtConfNo->isEnabled());
+    // A record found is on show, not behind the list, while its buttons are open.
+    QCOMPARE(s.txtReference->isVisible(), !found.isEmpty());
+    QCOMPARE(s.fraSummary->isVisible(), found.isEmpty());
 }
 
 // Completing a number held by two records: both leave Slips.txt, two copies of the record

@@ -1,0 +1,14 @@
+#include "taborder.h"
+
+#include <QWidget>
+
+void SetTabChain(const QList<QWidget*>& widgets)
+{
+    for (qsizetype i = 1; i < widgets.size(); ++i)
+        QWidget::setTabOrder(widgets[i - 1], widgets[i]);
+}
+
+void SetTabChain(std::initializer_list<QWidget*> widgets)
+{
+    SetTabChain(QList<QWidget*>(widgets));
+}
