@@ -18,6 +18,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -91,6 +92,8 @@ private slots:
     void folderHeldByAnotherComputer();
     void auxFoldersComeBackAtStart();
     void continueGoesToTheMenuWhenFilesStand();
+    void emptyCustomerFileIsOfferedBackFromBackup();
+    void longTeamListIsRefusedBeforeAnyFolder();
     void closeBoxEndsTheProgram();
     void plannerQuestionOncePerRun();
     void deleteTeamOnTheScreen();
@@ -366,6 +369,51 @@ void TestFirstRun::continueGoesToTheMenuWhenFilesStand()
     app->startup->mnuAddress->trigger();
     QCOMPARE(run.desktop.opened.size(), 1);
     VERIFY_DIALOGS(run.dialogs);
+}
+
+void TestFirstRun::emptyCustomerFileIsOfferedBackFromBackup()
+{
+    Run run;
+    layDownInstallation(run);
+    QByteArray customers;
+    for (int i = 0; i < 50; ++i)
+        customers += QByteArray("ACCT" + QByteArray::number(i)).leftJustified(326, ' ') +
+                     QByteArray(2, '\0');
+    QCOMPARE(customers.size(), 16400);
+    run.put("Backup/CustomerData.txt", customers);
+    run.put("CustomerData.txt", {});
+    run.dialogs.expectContaining("CustomerData.txt is empty, but its copy in Backup holds 50 "
+                                 "records",
+                                 Dialogs::Answer::Yes);
+    {
+        auto app = run.start();
+        QVERIFY(app->Main());
+        QTRY_VERIFY(!app->auxFoldersPending());
+        app->ExitProgram();
+    }
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(run.get("CustomerData.txt"), customers);
+    QCOMPARE(run.get("Backup/CustomerData.txt"), customers);
+    QVERIFY(run.isFolder("AuxFiles/ACCT49"));
+}
+
+void TestFirstRun::longTeamListIsRefusedBeforeAnyFolder()
+{
+    Run run;
+    layDownInstallation(run);
+    QByteArray teams;
+    for (int i = 1; i <= 8000; ++i)
+        teams += "\"Team " + QByteArray::number(i) + "\"\r\n";
+    run.put("Assignto.txt", teams);
+    const QStringList before = run.tree();
+    run.dialogs.expectContaining("Assignto.txt is damaged: it holds 8,000 entries");
+    QElapsedTimer timer;
+    timer.start();
+    auto app = run.start();
+    QVERIFY(!app->Main());
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(run.tree(), before);
 }
 
 void TestFirstRun::closeBoxEndsTheProgram()
