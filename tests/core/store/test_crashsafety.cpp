@@ -1,8 +1,11 @@
 #include "programfolder.h"
 #include "customers/customerdelete.h"
+#include "customers/customerediting.h"
 #include "customers/customerrecords.h"
 #include "schedule/booking.h"
 #include "schedule/dayfiles.h"
+#include "schedule/sliprecord.h"
+#include "sliprecords/deletecallrec.h"
 #include "store/backup.h"
 
 #include <QDirIterator>
@@ -85,6 +88,50 @@ Routine customerDelete()
              "Backup/CycleInfo.txt"}};
 }
 
+Routine customerSave()
+{
+    return {[](ProgramFolder& f) {
+                f.put("CustomerData.txt", records(2, kCustomerRecordLength, 'a'));
+                f.put("ContractInfo.txt", records(2, kContractRecordLength, 'k'));
+                f.put("CycleInfo.txt", records(2, kCycleRecordLength, 'p'));
+            },
+            [](ProgramFolder& f) -> Status {
+                CustomerBoxes b;
+                b.lbLType = "Individual";
+                b.txtCustomer[CustomerBox::FirstName] = "Ada";
+                b.txtCustomer[CustomerBox::LastName] = "Byron";
+                b.txtCustomer[CustomerBox::AccountNo] = "A-3";
+                b.txtCustomer[CustomerBox::Phone] = "217-555-0100";
+                return UpdateCustomerRecord(f.ctx, b, true, 3).status();
+            },
+            {"CustomerData.txt", "ContractInfo.txt", "CycleInfo.txt"}};
+}
+
+// A Service Attention of 5 May on team 3, completed: out of Slips.txt, into
+// CompletedSlips.txt, its hours freed.
+Routine completion()
+{
+    return {[](ProgramFolder& f) {
+                SlipRecord r;
+                r.setText(SlipField::RecType, "Service");
+                r.setText(SlipField::ConfirmationNo, "SA120-1");
+                r.setText(SlipField::TeamNo, "3");
+                r.setText(SlipField::EventDate, "05/05/2026");
+                f.put("Slips.txt", records(1, 297, 'o') + r.bytes());
+                f.put("CompletedSlips.txt", records(1, 297, 'c'));
+                QByteArray day;
+                for (int i = 1; i <= 12; ++i)
+                    day += i == 4 ? "\"SA120-1 Ada Byron\"\r\n" : "\"No Event Scheduled\"\r\n";
+                f.put("2026/Team#3/125.txt", day);
+                f.v.gYear = "2026";
+                f.v.gSlip = r;
+            },
+            [](ProgramFolder& f) {
+                return DeleteCallRec(f.ctx, CallRecordOnShow{1, "Service", "Ada", "09:00"}, -1);
+            },
+            {"Slips.txt", "CompletedSlips.txt", "2026/Team#3/125.txt"}};
+}
+
 Routine booking()
 {
     return {[](ProgramFolder& f) {
@@ -153,9 +200,20 @@ bool nextNumberIsTaken(const ProgramFolder& f)
 
 Routine routineNo(int n)
 {
-    return n == 0 ? customerDelete() : n == 1 ? booking() : exitBackup();
+    switch (n) {
+    case 0:
+        return customerDelete();
+    case 1:
+        return customerSave();
+    case 2:
+        return booking();
+    case 3:
+        return completion();
+    default:
+        return exitBackup();
+    }
 }
-constexpr int kRoutines = 3;
+constexpr int kRoutines = 5;
 
 // The group before and after an undisturbed run, and how many file calls the run makes.
 struct Reference {
@@ -227,8 +285,10 @@ void TestCrashSafety::killedAtEveryFileCall_data()
 {
     QTest::addColumn<int>("routine");
     QTest::newRow("customer delete") << 0;
-    QTest::newRow("booking with a stored slip") << 1;
-    QTest::newRow("exit backup") << 2;
+    QTest::newRow("customer save") << 1;
+    QTest::newRow("booking with a stored slip") << 2;
+    QTest::newRow("completion") << 3;
+    QTest::newRow("exit backup") << 4;
 }
 
 void TestCrashSafety::killedAtEveryFileCall()
