@@ -55,25 +55,26 @@ QString BackupGenerationFolder(const QDate& day)
 namespace {
 
 // The copies in Backup as they stand before today's first exit, so that damage copied in
-// on a later exit can still be undone from them for a week.
+// on a later exit can still be undone from them for a week. A copy already kept today is
+// left as it is; one missing (an exit cut short before it landed) is kept now.
 Status keepPreviousGeneration(CoreContext& c, const QStringList& names)
 {
-    const QDate today = c.clock.today();
-    const QString folder = BackupGenerationFolder(today);
-    if (!c.store.IsFolder(folder)) {
-        bool any = false;
-        for (const QString& name : names)
-            any = any || c.store.IsFile(c.v.gBackupPath + name);
-        if (any) {
-            if (Status s = c.store.EnsureFolder(folder); !s)
-                return s;
-            for (const QString& name : names)
-                if (c.store.IsFile(c.v.gBackupPath + name))
-                    if (Status s = c.store.CopyFile(c.v.gBackupPath + name, folder + u'/' + name);
-                        !s)
-                        return s;
-        }
+    const QString folder = BackupGenerationFolder(c.clock.today());
+    for (const QString& name : names) {
+        const QString copy = c.v.gBackupPath + name;
+        if (!c.store.IsFile(copy) || c.store.IsFile(folder + u'/' + name))
+            continue;
+        if (Status s = c.store.EnsureFolder(folder); !s)
+            return s;
+        if (Status s = c.store.CopyFile(copy, folder + u'/' + name); !s)
+            return s;
     }
+    return {};
+}
+
+Status removeOldGenerations(CoreContext& c)
+{
+    const QDate today = c.clock.today();
     for (const QString& entry : c.store.List(QStringLiteral("/Backup"))) {
         const QDate day = QDate::fromString(entry, QStringLiteral("yyyy-MM-dd"));
         if (!day.isValid() || day.daysTo(today) <= kBackupGenerationDays)
@@ -107,11 +108,14 @@ Status BackupDataFiles(CoreContext& c)
     if (Status s = c.store.EnsureFolder(c.v.gBackupPath); !s)
         return s;
     const QStringList names = inventoryFiles(c.store);
-    if (Status s = keepPreviousGeneration(c, names); !s)
+    if (Status s = removeOldGenerations(c); !s)
         return s;
     QStringList kept;
-    // Backup holds one generation: all its copies are replaced together.
+    // Backup holds one generation: all its copies are replaced together, with the day's
+    // keeping of the generation before.
     Store::Group change(c.store);
+    if (Status s = keepPreviousGeneration(c, names); !s)
+        return s;
     for (const QString& name : names) {
         const QString source = c.v.DayFilePath + name;
         // The plain test, not FileExists: a file missing here must not be fetched back

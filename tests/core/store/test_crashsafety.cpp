@@ -176,7 +176,8 @@ Routine exitBackup()
             },
             [](ProgramFolder& f) { return SetBackupPaths(f.ctx); },
             {"Backup/Slips.txt", "Backup/Meetings.txt", "Backup/CustomerData.txt",
-             "Backup/Counter.txt"}};
+             "Backup/Counter.txt", "Backup/2026-04-30/Slips.txt",
+             "Backup/2026-04-30/CustomerData.txt", "Backup/2026-04-30/Counter.txt"}};
 }
 
 struct Outcome {
