@@ -94,6 +94,8 @@ private slots:
     void continueGoesToTheMenuWhenFilesStand();
     void emptyCustomerFileIsOfferedBackFromBackup();
     void longTeamListIsRefusedBeforeAnyFolder();
+    void damagedFileKeepsItsBackupThroughStartAndExit_data();
+    void damagedFileKeepsItsBackupThroughStartAndExit();
     void closeBoxEndsTheProgram();
     void plannerQuestionOncePerRun();
     void deleteTeamOnTheScreen();
@@ -414,6 +416,48 @@ void TestFirstRun::longTeamListIsRefusedBeforeAnyFolder()
     QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
     VERIFY_DIALOGS(run.dialogs);
     QCOMPARE(run.tree(), before);
+}
+
+void TestFirstRun::damagedFileKeepsItsBackupThroughStartAndExit_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("good");
+    QTest::addColumn<QByteArray>("damaged");
+
+    QByteArray noise(3000, 0);
+    for (int i = 0; i < noise.size(); ++i)
+        noise[i] = char((i * 7919 + 13) % 251);
+    const QByteArray slips(2 * 297, 's');
+    QTest::newRow("odd-length slips") << "Slips.txt" << slips << slips.left(400);
+    QTest::newRow("random meetings") << "Meetings.txt" << slips << noise;
+    QTest::newRow("odd-length contracts") << "ContractInfo.txt" << QByteArray(386, 'k')
+                                          << QByteArray(385, 'k');
+    QTest::newRow("random stored slips") << "UnscheduledSlips.txt" << slips << noise;
+    QTest::newRow("random teams") << "Assignto.txt" << QByteArray("\"North\"\r\n") << noise;
+    QTest::newRow("random problems") << "ProblemCode.txt" << QByteArray("\"No Heat\"\r\n")
+                                     << noise;
+}
+
+void TestFirstRun::damagedFileKeepsItsBackupThroughStartAndExit()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, good);
+    QFETCH(QByteArray, damaged);
+    Run run;
+    layDownInstallation(run);
+    run.put(file, damaged);
+    run.put("Backup/" + file, good);
+    // Told once, at start when the file stops it, else at the exit that keeps the copy.
+    run.dialogs.expectContaining(file);
+    {
+        auto app = run.start();
+        if (app->Main()) {
+            QTRY_VERIFY(!app->auxFoldersPending());
+            app->ExitProgram();
+        }
+    }
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(run.get("Backup/" + file), good);
 }
 
 void TestFirstRun::closeBoxEndsTheProgram()
