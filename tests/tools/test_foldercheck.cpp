@@ -19,6 +19,7 @@ private slots:
     void damagedFilesAreNamedAndNothingIsWritten();
     void foldersAndUnreadableFilesAreNamed_data();
     void foldersAndUnreadableFilesAreNamed();
+    void changeCutShortIsAWarning();
     void sampleIsTheSameForTheSameSeed();
     void sampleBookingsAgreeWithItsCounterAndContracts();
     void bookingDisagreementsAreWarnings();
@@ -146,6 +147,20 @@ void TestFolderCheck::foldersAndUnreadableFilesAreNamed()
         QFile::setPermissions(f.abs(file), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     const QString all = check.problems.join('\n');
     QVERIFY2(check.problems.size() == 1 && all.contains(problem), qPrintable(all));
+}
+
+void TestFolderCheck::changeCutShortIsAWarning()
+{
+    ProgramFolder f;
+    f.put("Slips.txt", QByteArray(297, 's'));
+    f.put("ChangeInProgress/1.new", QByteArray(2 * 297, 's'));
+    f.put("ChangeInProgress/Intent.txt", "W\t1.new\tSlips.txt\nEND\n");
+    const auto before = f.snapshot();
+    const FolderCheck check = CheckFolder(f.root());
+    QVERIFY(check.ok());
+    QCOMPARE(check.warnings.size(), 1);
+    QVERIFY(check.warnings[0].startsWith("ChangeInProgress: a change cut short"));
+    QCOMPARE(f.snapshot(), before); // the checker finishes nothing
 }
 
 void TestFolderCheck::sampleIsTheSameForTheSameSeed()

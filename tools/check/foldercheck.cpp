@@ -468,6 +468,12 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
         }
     }
     check.warnings = BookingWarnings(store, today.isValid() ? today : QDate::currentDate());
+    // The files read above are as they stood before a change a crash cut short; the next
+    // start of the program finishes or drops it.
+    if (store.IsFolder(Store::ChangeFolder()))
+        check.warnings << QStringLiteral("%1: a change cut short is waiting; the next start of "
+                                         "the program finishes or drops it")
+                              .arg(Store::ChangeFolder().mid(1));
     if (json) {
         j.close('}');
         j.close('}');
