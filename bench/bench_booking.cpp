@@ -30,7 +30,7 @@ int main(int argc, char* argv[])
     DispatchingVariables v;
     CoreContext c{store, clock, dialogs, v};
     BuildTimeLabels(v);
-    LoadAssignments(c);
+    Must(LoadAssignments(c));
 
     // The busiest contract day of one team: the most events to lay over.
     QHash<QPair<double, QByteArray>, int> events;
@@ -54,7 +54,7 @@ int main(int argc, char* argv[])
                  qPrintable(date.toString(Qt::ISODate)), qPrintable(teamName));
     int shown = 0;
     const double dayChange = MedianMs([&] {
-        LoadDay(c, date, team);
+        Must(LoadDay(c, date, team));
         Result<ContractOverlay> overlay =
             OverlayContractEvents(c, GridFromDaySlots(v), date, teamName);
         shown += overlay->messages.size();

@@ -65,7 +65,7 @@ int main(int argc, char* argv[])
     const QString year = dayFile.section(u'/', 1, 1);
     const int julian = dayFile.section(u'/', 3, 3).section(u'.', 0, 0).toInt();
     const QDate date = QDate(year.toInt(), 1, 1).addDays(julian - 1);
-    const double day = MedianMs([&] { LoadDay(c, date, QStringLiteral("1")); }, 101);
+    const double day = MedianMs([&] { Must(LoadDay(c, date, QStringLiteral("1"))); }, 101);
     Report("day load", day, FloorMs(folder, {dayFile}, 101));
 
     // The whole folder through the checker's summary, against reading every file once.

@@ -88,15 +88,15 @@ int main(int argc, char* argv[])
     const QByteArray ledger = *store.ReadAll(LedgerFileName());
     const double purge = MedianMs(
         [&] {
-            store.WriteFile(ServiceHistoryFileName(), service);
-            store.WriteFile(LedgerFileName(), ledger);
-            PurgeAccountHistory(store, QStringLiteral("AC10500"));
+            Must(store.WriteFile(ServiceHistoryFileName(), service));
+            Must(store.WriteFile(LedgerFileName(), ledger));
+            Must(PurgeAccountHistory(store, QStringLiteral("AC10500")));
         },
         7);
     const double relay = MedianMs(
         [&] {
-            store.WriteFile(ServiceHistoryFileName(), service);
-            store.WriteFile(LedgerFileName(), ledger);
+            Must(store.WriteFile(ServiceHistoryFileName(), service));
+            Must(store.WriteFile(LedgerFileName(), ledger));
         },
         7);
     Report("history purge account", purge - relay, floor);
@@ -107,7 +107,7 @@ int main(int argc, char* argv[])
     DispatchingVariables sv;
     CoreContext sc{slipStore, clock, dialogs, sv};
     BuildTimeLabels(sv);
-    LoadAssignments(sc);
+    Must(LoadAssignments(sc));
     const QDate today(2026, 5, 4);
     qsizetype calls = 0;
     Report("courtesy list",

@@ -6,6 +6,7 @@
 #include <QTextStream>
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 QString LimitFolder()
@@ -32,6 +33,14 @@ QString LimitFolder()
     }
     QFile(marker).open(QIODevice::WriteOnly);
     return folder;
+}
+
+void Must(const Status& s)
+{
+    if (s)
+        return;
+    std::fprintf(stderr, "%s\n", qPrintable(s.message()));
+    std::exit(1);
 }
 
 double MedianMs(const std::function<void()>& f, int runs)

@@ -13,5 +13,7 @@ QString LimitFolder();
 double MedianMs(const std::function<void()>& f, int runs = 15);
 // The physical floor: reading the bytes of these files once (program-relative names).
 double FloorMs(const QString& folder, const QStringList& files, int runs = 15);
+// A step that failed measured nothing: the run ends with its message.
+void Must(const Status& s);
 // Prints "<name>: <t> ms, floor <f> ms, ratio <t/f>".
 void Report(const QString& name, double ms, double floorMs);

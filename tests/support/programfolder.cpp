@@ -5,13 +5,20 @@
 #include <QFile>
 #include <QFileInfo>
 
+static QString makeProgramFolder(const QTemporaryDir& parent)
+{
+    const QString root = parent.path() + QStringLiteral("/Program");
+    QDir().mkpath(root);
+    return root;
+}
+
 ProgramFolder::ProgramFolder()
-    : store(m_dir.path()), ctx{store, clock, dialogs, v}
+    : m_root(makeProgramFolder(m_parent)), store(m_root), ctx{store, clock, dialogs, v}
 {
     BuildTimeLabels(v);
 }
 
-QString ProgramFolder::abs(const QString& relative) const { return m_dir.path() + u'/' + relative; }
+QString ProgramFolder::abs(const QString& relative) const { return m_root + u'/' + relative; }
 
 void ProgramFolder::put(const QString& relative, const QByteArray& bytes) const
 {
@@ -39,10 +46,10 @@ bool ProgramFolder::hasFolder(const QString& relative) const
 QMap<QString, QByteArray> ProgramFolder::snapshot() const
 {
     QMap<QString, QByteArray> files;
-    QDirIterator it(m_dir.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    QDirIterator it(m_root, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
-        files.insert(QDir(m_dir.path()).relativeFilePath(path), get(QDir(m_dir.path()).relativeFilePath(path)));
+        files.insert(QDir(m_root).relativeFilePath(path), get(QDir(m_root).relativeFilePath(path)));
     }
     return files;
 }

@@ -10,13 +10,15 @@
 #include <QTemporaryDir>
 
 // A program folder in a temporary directory, with the seams a core routine needs, and
-// helpers to lay files down and read them back byte by byte.
+// helpers to lay files down and read them back byte by byte. The folder stands alone in a
+// private temporary folder of its own, so a test may look at what lies beside it ("../x")
+// without seeing what other programs leave in the shared temporary folder.
 class ProgramFolder
 {
 public:
     ProgramFolder();
 
-    QString root() const { return m_dir.path(); }
+    QString root() const { return m_root; }
     QString abs(const QString& relative) const;
 
     // Writes bytes exactly as given, making the folders on the way.
@@ -27,7 +29,8 @@ public:
     // Every file below the folder with its bytes, to prove nothing was written.
     QMap<QString, QByteArray> snapshot() const;
 
-    QTemporaryDir m_dir;
+    QTemporaryDir m_parent;
+    QString m_root;
     Store store;
     TestClock clock;
     ScriptedDialogs dialogs;

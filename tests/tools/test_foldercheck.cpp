@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <unistd.h>
+
 class TestFolderCheck : public QObject
 {
     Q_OBJECT
@@ -15,6 +17,9 @@ private slots:
     void sampleIsGoodAndCounted();
     void jsonHoldsRecordsByFieldName();
     void damagedFilesAreNamedAndNothingIsWritten();
+    void foldersAndUnreadableFilesAreNamed_data();
+    void foldersAndUnreadableFilesAreNamed();
+    void changeCutShortIsAWarning();
     void sampleIsTheSameForTheSameSeed();
     void sampleBookingsAgreeWithItsCounterAndContracts();
     void bookingDisagreementsAreWarnings();
@@ -105,6 +110,57 @@ void TestFolderCheck::damagedFilesAreNamedAndNothingIsWritten()
     QVERIFY(all.contains("PrintColors.txt"));
     QCOMPARE(f.snapshot(), before);
     QVERIFY(!CheckFolder(f.abs("missing")).ok());
+}
+
+void TestFolderCheck::foldersAndUnreadableFilesAreNamed_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("unreadable"); // else a folder stands in its place
+    QTest::addColumn<QString>("problem");
+    for (const char* file : {"CustomerData.txt", "Slips.txt", "Assignto.txt", "Counter.txt",
+                             "PurgedDate.txt", "SlipNo.txt", "TresvaneDispatcherSettings.txt",
+                             "CompanyLogo.txt", "2026/Team#1/125.txt"})
+        QTest::addRow("folder for %s", file)
+            << file << false << QString(file) + ": a folder stands where the file belongs";
+    // Permissions bind only a user other than root.
+    if (::geteuid() != 0)
+        for (const char* file : {"CustomerData.txt", "Counter.txt", "2026/Team#1/125.txt"})
+            QTest::addRow("unreadable %s", file) << file << true << QString(file);
+}
+
+void TestFolderCheck::foldersAndUnreadableFilesAreNamed()
+{
+    QFETCH(QString, file);
+    QFETCH(bool, unreadable);
+    QFETCH(QString, problem);
+    ProgramFolder f;
+    if (file != u"Assignto.txt")
+        f.put("Assignto.txt", "\"North\"\r\n");
+    if (unreadable) {
+        f.put(file, "x");
+        QVERIFY(QFile::setPermissions(f.abs(file), QFileDevice::WriteOwner));
+    } else {
+        QVERIFY(QDir().mkpath(f.abs(file + "/inside")));
+    }
+    const FolderCheck check = CheckFolder(f.root());
+    if (unreadable)
+        QFile::setPermissions(f.abs(file), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    const QString all = check.problems.join('\n');
+    QVERIFY2(check.problems.size() == 1 && all.contains(problem), qPrintable(all));
+}
+
+void TestFolderCheck::changeCutShortIsAWarning()
+{
+    ProgramFolder f;
+    f.put("Slips.txt", QByteArray(297, 's'));
+    f.put("ChangeInProgress/1.new", QByteArray(2 * 297, 's'));
+    f.put("ChangeInProgress/Intent.txt", "W\t1.new\tSlips.txt\nEND\n");
+    const auto before = f.snapshot();
+    const FolderCheck check = CheckFolder(f.root());
+    QVERIFY(check.ok());
+    QCOMPARE(check.warnings.size(), 1);
+    QVERIFY(check.warnings[0].startsWith("ChangeInProgress: a change cut short"));
+    QCOMPARE(f.snapshot(), before); // the checker finishes nothing
 }
 
 void TestFolderCheck::sampleIsTheSameForTheSameSeed()

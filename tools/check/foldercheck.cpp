@@ -11,6 +11,7 @@
 #include "telephony/speednumbers.h"
 #include "schedule/dayfiles.h"
 #include "schedule/sliprecord.h"
+#include "shell/datafilecheck.h"
 #include "shell/silentdialogs.h"
 #include "store/clock.h"
 #include "store/corecontext.h"
@@ -185,19 +186,18 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
     };
     for (const RecordFile& rf : recordFiles) {
         const QString name = u'/' + QString::fromLatin1(rf.name);
+        const Status checked = CheckDataFile(store, name);
+        if (!checked)
+            check.problems << checked.message();
         if (!store.IsFile(name))
             continue;
         const RecordLayout& layout = rf.layout();
         Result<QByteArray> bytes = store.ReadAll(name);
         if (!bytes) {
-            check.problems << bytes.message();
+            if (checked)
+                check.problems << bytes.message();
             continue;
         }
-        if (bytes->size() % layout.length() != 0)
-            check.problems << QStringLiteral("%1: %2 bytes is not a whole number of %3-byte records")
-                                  .arg(QString::fromLatin1(rf.name))
-                                  .arg(bytes->size())
-                                  .arg(layout.length());
         const int records = int(bytes->size() / layout.length());
         if (rf.count)
             check.*(rf.count) = records;
@@ -359,8 +359,13 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
     };
     for (const TextFile& tf : textFiles) {
         const QString name = u'/' + QString::fromLatin1(tf.name);
+        if (Status s = CheckDataFile(store, name); !s) {
+            check.problems << s.message();
+            continue;
+        }
         if (!store.IsFile(name))
             continue;
+        // The loaders also fill what the JSON shows.
         if (Status s = tf.load(); !s) {
             check.problems << s.message();
             continue;
@@ -373,36 +378,32 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
     // Counter.txt is read without LoadCounter, which would write it back.
     for (const char* plain : {"Counter.txt", "PurgedDate.txt"}) {
         const QString name = u'/' + QString::fromLatin1(plain);
-        if (!store.IsFile(name))
+        if (Status s = CheckDataFile(store, name); !s) {
+            check.problems << s.message();
             continue;
-        TextReader r(*store.ReadAll(name), QString::fromLatin1(plain));
+        }
+        if (!json || !store.IsFile(name))
+            continue;
+        Result<QByteArray> bytes = store.ReadAll(name);
+        if (!bytes) {
+            check.problems << bytes.message();
+            continue;
+        }
+        TextReader r(*bytes, QString::fromLatin1(plain));
         QStringList fields;
-        Status bad;
         if (QByteArray(plain) == "Counter.txt") {
             Result<QString> day = r.readString();
             Result<qint16> seq = day ? r.readInt16() : Result<qint16>(day.status());
-            if (!seq)
-                bad = seq.status();
-            else
+            if (day && seq)
                 fields << *day << QString::number(*seq);
-        } else {
-            Result<qint32> d = r.readInt32();
-            if (!d)
-                bad = d.status();
-            else
-                fields << QString::number(*d);
+        } else if (Result<qint32> d = r.readInt32(); d) {
+            fields << QString::number(*d);
         }
-        if (!bad) {
-            check.problems << bad.message();
-            continue;
-        }
-        if (json) {
-            j.key(QString::fromLatin1(plain));
-            j.open('[');
-            for (const QString& f : fields)
-                j.value(f);
-            j.close(']');
-        }
+        j.key(QString::fromLatin1(plain));
+        j.open('[');
+        for (const QString& f : fields)
+            j.value(f);
+        j.close(']');
     }
     check.teams = v.TeamCount();
 
@@ -427,7 +428,16 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
                     continue;
                 const QString rel = year + u'/' + team + u'/' + day;
                 ++check.dayFiles;
-                const QStringList lines = ReadPlainLines(*store.ReadAll(u'/' + rel));
+                if (!store.IsFile(u'/' + rel)) {
+                    check.problems << rel + QStringLiteral(": a folder stands where the file belongs");
+                    continue;
+                }
+                Result<QByteArray> bytes = store.ReadAll(u'/' + rel);
+                if (!bytes) {
+                    check.problems << bytes.message();
+                    continue;
+                }
+                const QStringList lines = ReadPlainLines(*bytes);
                 QString problem;
                 if (lines.size() != 12)
                     problem = QStringLiteral("has %1 lines, not 12").arg(lines.size());
@@ -458,6 +468,12 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
         }
     }
     check.warnings = BookingWarnings(store, today.isValid() ? today : QDate::currentDate());
+    // The files read above are as they stood before a change a crash cut short; the next
+    // start of the program finishes or drops it.
+    if (store.IsFolder(Store::ChangeFolder()))
+        check.warnings << QStringLiteral("%1: a change cut short is waiting; the next start of "
+                                         "the program finishes or drops it")
+                              .arg(Store::ChangeFolder().mid(1));
     if (json) {
         j.close('}');
         j.close('}');

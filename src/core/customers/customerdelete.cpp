@@ -42,6 +42,8 @@ Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
     const Target targets[] = {{CustomerFileName(), kCustomerRecordLength},
                               {CycleFileName(), kCycleRecordLength},
                               {ContractFileName(), kContractRecordLength}};
+    // The three parallel files change together, or a customer would show another's contract.
+    Store::Group change(store);
     // Scratch files of earlier rewrites that never finished are cleared first, as always.
     for (const char* scratch : {"/CUSTOMER.TMP", "/Temp.txt"})
         if (Status s = store.KillIfPresent(QString::fromLatin1(scratch)); !s) return s;
@@ -54,5 +56,6 @@ Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
                                                               : Store::BackupCopy::Remove;
         if (Status s = store.RewriteThroughTemporary(t.name, kept, backup); !s) return s;
     }
+    if (Status s = change.commit(); !s) return s;
     return PositionAfterDelete(at);
 }

@@ -6,6 +6,7 @@
 #include "shell/dialogs.h"
 #include "shell/keyfilters.h"
 #include "store/dispatchingvariables.h"
+#include "store/store.h"
 
 #include <algorithm>
 
@@ -168,9 +169,12 @@ Result<CustomerCheck> UpdateCustomerRecord(CoreContext& c, CustomerBoxes& boxes,
     CopyBoxesToCustomer(boxes, usaStyle, c.v.gCustomer);
     // The contract and cycle records go back as they were read (or as defaults for a new
     // account); the buffers then hold defaults until the record is read again.
+    // The three records at the same number land together.
+    Store::Group change(c.store);
     Status s = WriteCustomer(c, gCurrentRec);
     if (s) s = WriteContract(c, gCurrentRec);
     if (s) s = WriteCycle(c, gCurrentRec);
+    if (s) s = change.commit();
     if (!s) return s;
     ResetContractDefaults(c);
     return check;

@@ -90,7 +90,10 @@ Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
     return true;
 }
 
-Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
+namespace {
+
+Result<BookingSaved> saveBooking(CoreContext& c, const BookingScreen& screen,
+                                 Store::Group& change)
 {
     DispatchingVariables& v = c.v;
     SlipScreenValues values;
@@ -107,6 +110,7 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
         // the same number.
         FillSlipRecord(v, values);
         if (Status s = AppendSlip(c, UnscheduledSlipsFileName()); !s) return s;
+        if (Status s = change.commit(); !s) return s;
         c.dialogs.message(QStringLiteral("An Open Slip has been Created\n"
                                          "If you clicked on an hour BEFORE selecting to create\n"
                                          "an unscheduled slip, the hours will be reset (cleared)"));
@@ -130,12 +134,15 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
     FillSlipRecord(v, values);
 
     if (v.Mode == 2) {
+        // The day, the record and the counter land together: a number is taken exactly
+        // when its record is written, so none is ever used twice.
         if (Status s = AppendSlip(c, SlipsFileName()); !s) return s;
+        if (Status s = AdvanceSlipNumber(c); !s) return s;
+        if (Status s = SaveCounter(c); !s) return s;
+        if (Status s = change.commit(); !s) return s;
         c.dialogs.message(QStringLiteral("Service  Attention ") + screen.SlipNumber +
                               QStringLiteral(" has been Scheduled"),
                           QStringLiteral("Confirmation"));
-        if (Status s = AdvanceSlipNumber(c); !s) return s;
-        if (Status s = SaveCounter(c); !s) return s;
         if (screen.FromStoredSlip == -1) {
             Result<bool> removed = DeleteSelectedStoredSlip(c, screen.storedSlipRow);
             if (!removed) return removed.status();
@@ -144,9 +151,22 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
     }
     if (v.Mode == 7) {
         if (Status s = AppendSlip(c, MeetingsFileName()); !s) return s;
+        if (Status s = change.commit(); !s) return s;
         c.dialogs.message(QStringLiteral("Customer Meeting has been Scheduled"),
                           QStringLiteral("Confirmation"));
         return BookingSaved::MeetingScheduled;
     }
     return BookingSaved::DayWritten;
+}
+
+} // namespace
+
+Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
+{
+    // Everything up to a confirmation lands together, before the confirmation is shown.
+    Store::Group change(c.store);
+    Result<BookingSaved> saved = saveBooking(c, screen, change);
+    if (!saved) return saved;
+    if (Status s = change.commit(); !s) return s;
+    return saved;
 }

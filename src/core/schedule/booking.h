@@ -57,10 +57,12 @@ enum class BookingSaved {
     DayWritten,        // any other mode: the day and gSlip only
 };
 
-// cmdSave. The day file is written first and the record after it, and the number is
-// advanced only once the record stands on disk; each message is shown after what it
-// confirms is flushed. DaySlots must be as the last WriteSlots left them. A Service
-// Attention whose number could not be stepped past is refused before anything is written.
+// cmdSave. The day file, the record and the advanced counter land together as one change,
+// so a number is never taken without its record nor used twice; each message is shown
+// after what it confirms is on disk. The stored slip a booking came from is removed after
+// the confirmation, when the user agrees. DaySlots must be as the last WriteSlots left them.
+// A Service Attention whose number could not be stepped past is refused before anything is
+// written.
 // A failure of a file stops the sequence where it is and is returned for the screen to show.
 Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen);
 

@@ -91,6 +91,21 @@ Result<QString> ReadCompanyLogo(Store& store)
     return (*opened)->readString();
 }
 
+QString ResolveLogoPath(const Store& store, const QString& stored)
+{
+    if (stored.isEmpty())
+        return stored;
+    const bool drive = stored.size() >= 2 && stored[1] == u':' && stored[0].isLetter();
+    if (drive || stored.startsWith(u'/') || stored.startsWith(u'\\'))
+        return stored;
+    QString relative = stored;
+    relative.replace(u'\\', u'/');
+    // "." steps are dropped; the store takes any other component as a name in the folder.
+    QStringList parts = relative.split(u'/', Qt::SkipEmptyParts);
+    parts.removeAll(QStringLiteral("."));
+    return store.path(u'/' + parts.join(u'/'));
+}
+
 Status WriteCompanyLogo(Store& store, const QString& path)
 {
     TextWriter w;

@@ -42,6 +42,10 @@ Status WritePrintColors(Store& store, const PrintColors& colors);
 // The stored path; empty when no logo is stored.
 Result<QString> ReadCompanyLogo(Store& store);
 Status WriteCompanyLogo(Store& store, const QString& path);
+// The picture a stored path names. A relative path ("Logo.bmp", "Pictures\Logo.bmp") is
+// taken inside the program folder, wherever the program was started from; an absolute one
+// (a drive, a share, a root) is left as it is.
+QString ResolveLogoPath(const Store& store, const QString& stored);
 // Forgets the logo: the file and its copy in Backup go.
 Status ClearCompanyLogo(Store& store);
 

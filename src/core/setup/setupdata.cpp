@@ -141,7 +141,7 @@ Status LoadCompanyLogo(CoreContext& c, QString& path)
     Result<QString> logo = ReadCompanyLogo(c.store);
     if (!logo)
         return logo.status();
-    path = *logo;
+    path = ResolveLogoPath(c.store, *logo);
     return {};
 }
 

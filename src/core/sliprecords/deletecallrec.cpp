@@ -48,7 +48,10 @@ Status WriteCompletedSlip(CoreContext& c)
     return c.store.WriteRecordAt(name, kSlipRecordLength, recordNo, c.v.gSlip.bytes());
 }
 
-Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 completed)
+namespace {
+
+Status deleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 completed,
+                     bool& recordGone)
 {
     DispatchingVariables& v = c.v;
     const QString name = SearchFileName(shown.SearchFile);
@@ -88,6 +91,7 @@ Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
     // Until the rename the live file is whole; its copy in Backup stays, as it always has.
     if (Status s = c.store.RewriteThroughTemporary(name, kept, Store::BackupCopy::Keep); !s)
         return s;
+    recordGone = true;
 
     const QString dateText = v.gSlip.text(SlipField::EventDate);
     const QDate date = ParseSlipDate(cp1252::encode(dateText));
@@ -115,4 +119,18 @@ Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
         if (free) slot = NoEventScheduled();
     }
     return WriteDayFile(c, date, v.CurrentTeam);
+}
+
+} // namespace
+
+Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 completed)
+{
+    // The record file, the completed copy and the freed day land together. A record gone
+    // whose day cannot be read is still kept gone, as the message about it says.
+    Store::Group change(c.store);
+    bool recordGone = false;
+    const Status s = deleteCallRec(c, shown, completed, recordGone);
+    if (s || recordGone)
+        if (Status committed = change.commit(); !committed) return committed;
+    return s;
 }

@@ -3,6 +3,7 @@
 #include "corecontext.h"
 #include "result.h"
 
+#include <QDate>
 #include <QStringList>
 
 // The copies in Backup, made at every orderly exit, from which FileExists brings a lost
@@ -18,5 +19,16 @@ QStringList DataFileInventory(const QString& baseName);
 Status SetBackupPaths(CoreContext& c);
 
 // For each file of the inventory that exists at DayFilePath + name, replaces its copy at
-// gBackupPath + name. A file missing from the folder leaves its old copy standing.
+// gBackupPath + name. A file missing from the folder leaves its old copy standing, and so
+// does a file that fails the data file rules: the user is told which and why. Before the
+// first copy of a day, the copies as they stood are kept in a folder named after the day
+// below gBackupPath; such folders older than kBackupGenerationDays are removed.
 Status BackupDataFiles(CoreContext& c);
+
+inline constexpr int kBackupGenerationDays = 7;
+// "/Backup/yyyy-MM-dd": where the copies as they stood before the day's first exit go.
+QString BackupGenerationFolder(const QDate& day);
+
+// At start: each file of the inventory that is empty while its copy in Backup holds good
+// data is shown to the user, who may have it restored from that copy.
+Status OfferRestoreOfEmptyFiles(CoreContext& c);

@@ -6,8 +6,10 @@
 
 // The outcome of a core operation that can fail: ok, or a message a user can read that
 // names the file and what is wrong with it. Core never throws into a screen; it hands
-// one of these back and the screen decides what to show.
-class Status
+// one of these back and the screen decides what to show. Neither this nor Result can be
+// dropped unread: a failure nobody looks at is how a program reads the bytes of a failed
+// read.
+class [[nodiscard]] Status
 {
 public:
     Status() = default;
@@ -23,7 +25,7 @@ private:
 };
 
 // A value, or the failure that kept it from being made.
-template <typename T> class Result
+template <typename T> class [[nodiscard]] Result
 {
 public:
     Result(T value) : m_value(std::move(value)) {}

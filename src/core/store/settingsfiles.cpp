@@ -13,13 +13,49 @@ const QString kBusiness = QStringLiteral("/MyBusinessData.txt");
 const QString kPhone = QStringLiteral("/Phone.txt");
 const QString kCallID = QStringLiteral("/CallID.txt");
 
-// Opens a text file for reading with the name a user would recognise in a message.
+// Opens a text file for reading with the name a user would recognise in a message. A file
+// far larger than any installation writes is refused before it is read.
 Result<TextReader> openText(Store& store, const QString& name)
 {
+    if (const qint64 size = store.FileSize(name); size > kTextFileLimit)
+        return Status::failure(QStringLiteral("%1 is damaged: it is %L2 bytes long, far more than "
+                                              "the program ever writes (at most %L3).")
+                                   .arg(store.describe(name))
+                                   .arg(size)
+                                   .arg(kTextFileLimit));
     Result<QByteArray> bytes = store.ReadAll(name);
     if (!bytes)
         return bytes.status();
     return TextReader(*bytes, store.describe(name));
+}
+
+// The entries of a list a user typed in one by one: each a line of text of a sensible
+// length without control characters, and no more of them than the program can use.
+Status checkEntries(const QStringList& entries, const QString& file, qsizetype limit)
+{
+    if (entries.size() > limit)
+        return Status::failure(QStringLiteral("%1 is damaged: it holds %L2 entries, and the "
+                                              "program keeps at most %3.")
+                                   .arg(file)
+                                   .arg(entries.size())
+                                   .arg(limit));
+    for (qsizetype i = 0; i < entries.size(); ++i) {
+        const QString& e = entries[i];
+        if (e.size() > kListEntryLimit)
+            return Status::failure(QStringLiteral("%1 is damaged: entry %2 is %L3 characters "
+                                                  "long, more than %4.")
+                                       .arg(file)
+                                       .arg(i + 1)
+                                       .arg(e.size())
+                                       .arg(kListEntryLimit));
+        for (QChar ch : e)
+            if (ch.unicode() < 0x20 && ch != u'\t')
+                return Status::failure(
+                    QStringLiteral("%1 is damaged: entry %2 holds a control character.")
+                        .arg(file)
+                        .arg(i + 1));
+    }
+    return {};
 }
 
 bool isWorkWeekCode(int code) { return code == 5 || code == 61 || code == 62 || code == 7; }
@@ -147,6 +183,10 @@ Status LoadAssignments(CoreContext& c)
     Result<QStringList> names = reader->readAllStrings();
     if (!names)
         return names.status();
+    // Every team gets folders of its own: a list past the limit is refused before any
+    // of them is made.
+    if (Status s = checkEntries(*names, c.store.describe(kAssignto), kTeamLimit); !s)
+        return s;
     teams = QStringList{QStringLiteral("populated")} + *names;
     return {};
 }
@@ -171,6 +211,8 @@ Status LoadProblems(CoreContext& c)
     Result<QStringList> problems = reader->readAllStrings();
     if (!problems)
         return problems.status();
+    if (Status s = checkEntries(*problems, c.store.describe(kProblemCode), kTextFileLimit); !s)
+        return s;
     c.v.settings.cboProblems = *problems;
     return {};
 }

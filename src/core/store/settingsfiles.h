@@ -9,6 +9,13 @@
 // The small text files that configure an installation. Each reader leaves its default
 // when the file is missing; a damaged file is reported and nothing is changed.
 
+// The most teams Assignto.txt may list: each has a folder per year and a place in the lists.
+inline constexpr int kTeamLimit = 30;
+// The largest settings or reference file read, and the longest entry of a list. Beyond
+// them a file is damaged, not large: the program never writes such files.
+inline constexpr qint64 kTextFileLimit = 1024 * 1024;
+inline constexpr qsizetype kListEntryLimit = 255;
+
 // "/<base name>Settings.txt": "/TresvaneDispatcherSettings.txt" under the usual name.
 QString SettingsFileName(const Store& store);
 

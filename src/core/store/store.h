@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 // The program folder and the file routines through which every other part reaches it.
 //
 // Names are relative to the program folder and begin with a separator; '/' and '\' are the
@@ -18,9 +20,54 @@
 // Nothing is held open between calls: each routine opens, works and closes its files.
 // Whole files are replaced atomically (written beside the target, flushed to disk, then
 // renamed over it), so a crash leaves the old file or the new one, never a torn one.
+// A change that spans files goes through a Group, so it lands whole or not at all.
 class Store
 {
 public:
+    // A change to several files that must land together: a customer over its three
+    // parallel files, a booking over its day file, record, counter and stored slip.
+    // While a group is open, every change made through the store is held back and every
+    // read through it sees the change. commit() writes each new version beside the folder
+    // in ChangeFolder(), writes and flushes the intent record listing them, puts them in
+    // place and removes the record; RecoverInterruptedChange() finishes a change whose
+    // record was written. The group stays open after a commit, for a change that follows;
+    // what was not committed when it ends changes no file. A group opened while another is
+    // open joins it, and only the outer one commits.
+    class Group
+    {
+    public:
+        explicit Group(Store& store);
+        ~Group();
+        Group(const Group&) = delete;
+        Group& operator=(const Group&) = delete;
+        [[nodiscard]] Status commit();
+
+    private:
+        Store& m_store;
+        bool m_outer;
+    };
+    // Runs change inside a group of its own and commits it when it succeeds.
+    template <typename F> Status inGroup(F&& change)
+    {
+        Group group(*this);
+        if (Status s = change(); !s)
+            return s;
+        return group.commit();
+    }
+
+    // The folder below the program folder that holds a change while it is put in place.
+    static QString ChangeFolder() { return QStringLiteral("/ChangeInProgress"); }
+    // At start, before any data file is read: finishes a change whose intent record was
+    // written, drops one interrupted before that, and removes the temporary files of saves
+    // a crash cut short.
+    [[nodiscard]] Status RecoverInterruptedChange();
+
+    // For the crash test only: the process kills itself at the n-th file call that changes
+    // the disk from now on (n from 1; 0 switches the fault off).
+    static void setFaultAt(int n);
+    // The file calls that changed the disk since setFaultAt.
+    static int fileCalls();
+
     enum class Access { ReadWrite, ReadOnly };
     // A read-only store refuses every change, FileExists's repair from Backup included:
     // what a checker of a folder sent in for support uses.
@@ -98,6 +145,16 @@ private:
     QString exactPath(const QString& name, bool* plain = nullptr) const;
     Status fail(const QString& what, const QString& name) const;
     Status refuseWhenReadOnly(const QString& name) const;
+
+    struct Pending;
+    // The open group's change, by absolute path; null when no group is open.
+    const struct PendingEntry* pendingEntry(const QString& absolute) const;
+    Status commitPending();
+    Status applyIntent(const QByteArray& intent);
+    QString relative(const QString& absolute) const;
+
+    std::shared_ptr<Pending> m_pending;
+    int m_groupDepth = 0;
 
     QString m_root;
     Access m_access;

@@ -89,6 +89,10 @@ QDate ParseShortDateBytes(QByteArrayView text, bool twoDigitYear)
             if (++part > 2)
                 return {};
         } else if (ch >= '0' && ch <= '9') {
+            // No part of a date has more than four digits: a longer one is refused before
+            // it could overflow.
+            if (digits[part] == 4)
+                return {};
             parts[part] = parts[part] * 10 + (ch - '0');
             ++digits[part];
         } else {

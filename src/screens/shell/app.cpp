@@ -17,6 +17,7 @@
 #include "setup/setupassignmentstab.h"
 #include "setup/setupproblemstab.h"
 #include "sliprecords/frmcallrecord.h"
+#include "shell/datafilecheck.h"
 #include "shell/desktop.h"
 #include "shell/dialogs.h"
 #include "shell/startup.h"
@@ -138,6 +139,17 @@ bool App::Main()
         emit finished(1);
         return false;
     }
+    // A change to several files that a crash cut short is finished or dropped before any
+    // file is read, with the temporary files of interrupted saves.
+    if (Fatal(store.RecoverInterruptedChange()))
+        return false;
+    // A data file found empty while Backup holds its records is offered back before
+    // anything reads it, and before an exit could copy the empty file over the good copy.
+    if (Fatal(OfferRestoreOfEmptyFiles(ctx)))
+        return false;
+    // Every team in Assignto.txt gets folders: a damaged list is told before one is made.
+    if (Fatal(CheckDataFile(store, QStringLiteral("/Assignto.txt"))))
+        return false;
     // 2. The folder tree. The customers' aux folders are read up now, so a damaged
     // customer file is told at once, and made behind the forms.
     if (Fatal(BuildFolders(ctx)))

@@ -1,8 +1,10 @@
 #include "customers/auxdata.h"
 #include "programfolder.h"
 #include "setup/printsettings.h"
+#include "setup/setupdata.h"
 #include "telephony/speednumbers.h"
 
+#include <QTemporaryDir>
 #include <QtTest>
 
 class TestTextFormats : public QObject
@@ -18,6 +20,8 @@ private slots:
     void damagedPrintSettings_data();
     void damagedPrintSettings();
     void companyLogo();
+    void relativeLogoPathIsInTheProgramFolder_data();
+    void relativeLogoPathIsInTheProgramFolder();
     void auxHeadings();
     void auxDataWrittenAsItStandsAndReadByValues();
     void auxDataOfAnExistingInstallation();
@@ -258,6 +262,47 @@ void TestTextFormats::auxDataOfAnExistingInstallation()
     Result<AuxTexts> none = ReadAuxData(f.store, QStringLiteral("B2"));
     QVERIFY(none.ok());
     QCOMPARE(*none, AuxTexts());
+}
+
+void TestTextFormats::relativeLogoPathIsInTheProgramFolder_data()
+{
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<QString>("inFolder"); // the file it names below the folder; empty: as stored
+
+    QTest::newRow("plain name") << QByteArray("\"Logo.bmp\"\r\n") << "Logo.bmp";
+    QTest::newRow("sub-folder, backslash") << QByteArray("\"Pictures\\Logo.bmp\"\r\n")
+                                           << "Pictures/Logo.bmp";
+    QTest::newRow("dot first") << QByteArray("\".\\Logo.bmp\"\r\n") << "Logo.bmp";
+    QTest::newRow("other case") << QByteArray("\"LOGO.BMP\"\r\n") << "Logo.bmp";
+    QTest::newRow("drive") << QByteArray("\"C:\\Tresvane\\Logo.bmp\"\r\n") << "";
+    QTest::newRow("share") << QByteArray("\"\\\\office\\Logo.bmp\"\r\n") << "";
+}
+
+void TestTextFormats::relativeLogoPathIsInTheProgramFolder()
+{
+    QFETCH(QByteArray, stored);
+    QFETCH(QString, inFolder);
+    ProgramFolder f;
+    f.put("CompanyLogo.txt", stored);
+    f.put("Logo.bmp", "BM");
+    f.put("Pictures/Logo.bmp", "BM");
+    // The working directory is elsewhere, with a picture of the same name.
+    QTemporaryDir elsewhere;
+    QFile(elsewhere.filePath("Logo.bmp")).open(QIODevice::WriteOnly);
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(elsewhere.path());
+
+    QString path;
+    const Status s = SetupData::LoadCompanyLogo(f.ctx, path);
+    QDir::setCurrent(before);
+    QVERIFY(s.ok());
+    Result<QString> raw = ReadCompanyLogo(f.store);
+    if (inFolder.isEmpty()) {
+        QCOMPARE(path, *raw);
+    } else {
+        QCOMPARE(path, f.abs(inFolder));
+        QVERIFY(QFileInfo(path).isFile());
+    }
 }
 
 void TestTextFormats::accountNumberNeverLeavesItsFolder_data()

@@ -27,6 +27,8 @@ private slots:
     void partialLastRecordIsCountedAndZeroFilled();
     void currencyAndDateForms_data();
     void currencyAndDateForms();
+    void shortDateBytes_data();
+    void shortDateBytes();
     void isNumericAcceptsWhatABoxMayHold_data();
     void isNumericAcceptsWhatABoxMayHold();
 };
@@ -211,6 +213,27 @@ void TestCodecs::currencyAndDateForms()
     QCOMPARE(ParseShortDate("2/3/2026"), std::optional<QDate>(QDate(2026, 2, 3)));
     QVERIFY(!ParseShortDate("02/30/2026"));
     QVERIFY(!ParseShortDate("Meeting"));
+}
+
+void TestCodecs::shortDateBytes_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QDate>("date"); // invalid: refused
+    QTest::newRow("plain") << QByteArray("05/05/2026") << QDate(2026, 5, 5);
+    QTest::newRow("short parts") << QByteArray("5/5/2026") << QDate(2026, 5, 5);
+    QTest::newRow("three-digit month") << QByteArray("005/05/2026") << QDate();
+    QTest::newRow("five-digit year") << QByteArray("05/05/20260") << QDate();
+    // Digits enough to overflow a 32-bit part are refused, not wrapped.
+    QTest::newRow("ten-digit year") << QByteArray("05/05/4294967296") << QDate();
+    QTest::newRow("ten-digit day") << QByteArray("05/2147483648/2026") << QDate();
+    QTest::newRow("no year") << QByteArray("05/05/") << QDate();
+}
+
+void TestCodecs::shortDateBytes()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QDate, date);
+    QCOMPARE(ParseShortDateBytes(text), date);
 }
 
 void TestCodecs::isNumericAcceptsWhatABoxMayHold_data()

@@ -1,7 +1,10 @@
 #include "programfolder.h"
+#include "customers/customerrecords.h"
+#include "schedule/sliprecord.h"
 #include "store/backup.h"
 #include "store/purge.h"
 
+#include <QDir>
 #include <QtTest>
 
 // A meeting record whose only field that matters here is its date.
@@ -18,6 +21,11 @@ class TestHousekeeping : public QObject
 private slots:
     void inventoryInItsOrder();
     void backupCopiesWhatExists();
+    void damagedFileKeepsItsBackupCopy_data();
+    void damagedFileKeepsItsBackupCopy();
+    void emptyFileIsOfferedBackFromBackup_data();
+    void emptyFileIsOfferedBackFromBackup();
+    void previousGenerationIsKeptForAWeek();
     void purgeDeletesPastDaysOnly();
     void purgeWithNoTeam_data();
     void purgeWithNoTeam();
@@ -43,9 +51,11 @@ void TestHousekeeping::inventoryInItsOrder()
 void TestHousekeeping::backupCopiesWhatExists()
 {
     ProgramFolder f;
-    f.put("Slips.txt", "new slips");
+    const QByteArray newSlips(2 * kSlipRecordLength, 'n');
+    f.put("Slips.txt", newSlips);
     f.put("Backup/Slips.txt", "old slips");
-    f.put("TresvaneDispatcherSettings.txt", "8\r\n");
+    const QByteArray settings = "8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n#FALSE#\r\n#FALSE#\r\n1\r\n1\r\n";
+    f.put("TresvaneDispatcherSettings.txt", settings);
     f.put("Backup/Meetings.txt", "old meetings"); // Meetings.txt deleted since the last exit
     f.put("CycleInfo.txt", "not in the inventory");
     f.put("Phone.txt", "not in the inventory");
@@ -54,18 +64,157 @@ void TestHousekeeping::backupCopiesWhatExists()
     QVERIFY(SetBackupPaths(f.ctx).ok());
     QCOMPARE(f.v.DayFilePath, QString("/"));
     QCOMPARE(f.v.gBackupPath, QString("/Backup/"));
-    QCOMPARE(f.get("Backup/Slips.txt"), QByteArray("new slips"));
-    QCOMPARE(f.get("Backup/TresvaneDispatcherSettings.txt"), QByteArray("8\r\n"));
+    QCOMPARE(f.get("Backup/Slips.txt"), newSlips);
+    QCOMPARE(f.get("Backup/TresvaneDispatcherSettings.txt"), settings);
     QCOMPARE(f.get("Backup/Meetings.txt"), QByteArray("old meetings"));
     QVERIFY(!f.has("Meetings.txt"));
     QVERIFY(!f.has("Backup/Counter.txt")); // never existed: nothing appears
     QVERIFY(!f.has("Backup/CycleInfo.txt"));
     QVERIFY(!f.has("Backup/Phone.txt"));
-    QCOMPARE(f.snapshot().size(), 7);
+    // The day's first exit keeps the copies as they were.
+    QCOMPARE(f.get("Backup/2026-04-30/Slips.txt"), QByteArray("old slips"));
+    QCOMPARE(f.get("Backup/2026-04-30/Meetings.txt"), QByteArray("old meetings"));
+    QCOMPARE(f.snapshot().size(), 9);
 
     // The next start finds the lost file again.
     QVERIFY(f.store.FileExists("/Meetings.txt"));
     QCOMPARE(f.get("Meetings.txt"), QByteArray("old meetings"));
+}
+
+void TestHousekeeping::damagedFileKeepsItsBackupCopy_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("good");
+    QTest::addColumn<QByteArray>("damaged");
+    QTest::addColumn<QString>("why");
+
+    const QByteArray slips(3 * kSlipRecordLength, 's');
+    QByteArray noise(4000, 0);
+    for (int i = 0; i < noise.size(); ++i)
+        noise[i] = char((i * 7919 + 13) % 251);
+    QByteArray longList;
+    for (int i = 1; i <= 31; ++i)
+        longList += "\"Team " + QByteArray::number(i) + "\"\r\n";
+
+    QTest::newRow("odd-length slips") << "Slips.txt" << slips << slips.left(kSlipRecordLength + 5)
+                                      << "not a whole number";
+    QTest::newRow("random meetings") << "Meetings.txt" << slips << noise << "not a whole number";
+    QTest::newRow("odd-length contracts")
+        << "ContractInfo.txt" << QByteArray(2 * kContractRecordLength, 'c')
+        << QByteArray(kContractRecordLength - 1, 'c') << "not a whole number";
+    QTest::newRow("random stored slips")
+        << "UnscheduledSlips.txt" << slips << noise.left(1000) << "not a whole number";
+    QTest::newRow("too many teams")
+        << "Assignto.txt" << QByteArray("\"Truck 1\"\r\n\"Truck 2\"\r\n") << longList
+        << "at most 30";
+    QTest::newRow("random teams") << "Assignto.txt" << QByteArray("\"Truck 1\"\r\n") << noise
+                                  << "Assignto.txt is damaged";
+    QTest::newRow("random problems")
+        << "ProblemCode.txt" << QByteArray("\"No heat\"\r\n") << noise << "control character";
+    QTest::newRow("unreadable counter") << "Counter.txt" << QByteArray("\"04/30/2026\",7\r\n")
+                                        << QByteArray("\"04/30/2026\",x\r\n") << "Counter.txt";
+    QTest::newRow("folder in place of a file")
+        << "CustomerData.txt" << QByteArray(kCustomerRecordLength, 'a') << QByteArray()
+        << "a folder stands where the file belongs";
+}
+
+void TestHousekeeping::damagedFileKeepsItsBackupCopy()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, good);
+    QFETCH(QByteArray, damaged);
+    QFETCH(QString, why);
+    ProgramFolder f;
+    f.put("Backup/" + file, good);
+    if (damaged.isEmpty())
+        QVERIFY(QDir().mkpath(f.abs(file)));
+    else
+        f.put(file, damaged);
+    const QByteArray services(2 * kSlipRecordLength, 'v');
+    f.put("CompletedSlips.txt", services); // a good file beside it is still copied
+
+    f.dialogs.expectContaining(file);
+    QVERIFY(SetBackupPaths(f.ctx).ok());
+    VERIFY_DIALOGS(f.dialogs);
+    QVERIFY2(f.dialogs.shown.value(0).contains(why), qPrintable(f.dialogs.shown.value(0)));
+    QCOMPARE(f.get("Backup/" + file), good);
+    QCOMPARE(f.get("Backup/CompletedSlips.txt"), services);
+}
+
+void TestHousekeeping::emptyFileIsOfferedBackFromBackup_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("copy");
+    QTest::addColumn<QString>("question"); // empty: nothing is asked
+    QTest::addColumn<bool>("restore");
+
+    const QByteArray customers(50 * kCustomerRecordLength, 'c');
+    QTest::newRow("customers, restored")
+        << "CustomerData.txt" << customers
+        << "CustomerData.txt is empty, but its copy in Backup holds 50 records (16,400 bytes)."
+        << true;
+    QTest::newRow("customers, declined")
+        << "CustomerData.txt" << customers << "CustomerData.txt is empty" << false;
+    QTest::newRow("teams, restored")
+        << "Assignto.txt" << QByteArray("\"Truck 1\"\r\n") << "holds 11 bytes" << true;
+    QTest::newRow("copy empty too") << "Slips.txt" << QByteArray() << "" << false;
+    QTest::newRow("copy damaged")
+        << "Slips.txt" << QByteArray(kSlipRecordLength + 1, 's') << "" << false;
+}
+
+void TestHousekeeping::emptyFileIsOfferedBackFromBackup()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, copy);
+    QFETCH(QString, question);
+    QFETCH(bool, restore);
+    ProgramFolder f;
+    f.put(file, {});
+    f.put("Backup/" + file, copy);
+    if (!question.isEmpty())
+        f.dialogs.expectContaining(question, restore ? Dialogs::Answer::Yes : Dialogs::Answer::No);
+
+    QVERIFY(OfferRestoreOfEmptyFiles(f.ctx).ok());
+    VERIFY_DIALOGS(f.dialogs);
+    QCOMPARE(f.get(file), restore ? copy : QByteArray());
+    QCOMPARE(f.get("Backup/" + file), copy);
+
+    // The exit after a restore leaves the copy as it was.
+    if (restore) {
+        QVERIFY(SetBackupPaths(f.ctx).ok());
+        QCOMPARE(f.get("Backup/" + file), copy);
+    }
+}
+
+void TestHousekeeping::previousGenerationIsKeptForAWeek()
+{
+    ProgramFolder f;
+    const QByteArray first(kSlipRecordLength, '1'), second(kSlipRecordLength, '2'),
+        third(kSlipRecordLength, '3');
+    f.put("Backup/Slips.txt", first);
+    f.put("Backup/2026-04-22/Slips.txt", "eight days old");
+    f.put("Backup/2026-04-23/Slips.txt", "seven days old");
+    f.put("Backup/2026-04-29-notes/Slips.txt", "not a generation");
+
+    f.put("Slips.txt", second);
+    QVERIFY(SetBackupPaths(f.ctx).ok());
+    QCOMPARE(f.get("Backup/Slips.txt"), second);
+    QCOMPARE(f.get("Backup/2026-04-30/Slips.txt"), first);
+    QVERIFY(!f.hasFolder("Backup/2026-04-22"));
+    QCOMPARE(f.get("Backup/2026-04-23/Slips.txt"), QByteArray("seven days old"));
+    QVERIFY(f.has("Backup/2026-04-29-notes/Slips.txt"));
+
+    // A second exit the same day keeps the day's first generation.
+    f.put("Slips.txt", third);
+    QVERIFY(SetBackupPaths(f.ctx).ok());
+    QCOMPARE(f.get("Backup/Slips.txt"), third);
+    QCOMPARE(f.get("Backup/2026-04-30/Slips.txt"), first);
+
+    // The next day keeps the copies of the day before.
+    f.clock.setDate(QDate(2026, 5, 1));
+    QVERIFY(SetBackupPaths(f.ctx).ok());
+    QCOMPARE(f.get("Backup/2026-05-01/Slips.txt"), third);
+    QVERIFY(!f.hasFolder("Backup/2026-04-23"));
 }
 
 void TestHousekeeping::purgeDeletesPastDaysOnly()

@@ -1,6 +1,7 @@
 #include "programfolder.h"
 #include "store/settingsfiles.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
 
 // Nine settings as an existing installation holds them, written by hand.
@@ -25,6 +26,8 @@ private slots:
     void continuousSchemeLoadsTheSlipNumber();
     void assignments();
     void problemsStayWhenTheFileIsMissing();
+    void listsOutOfBoundsAreDamaged_data();
+    void listsOutOfBoundsAreDamaged();
     void businessIsOneLineAndKeepsItsBackup();
     void phoneSettings();
     void adjustWorkDay_data();
@@ -177,6 +180,60 @@ void TestSettings::problemsStayWhenTheFileIsMissing()
     QCOMPARE(f.v.settings.cboProblems, (QStringList{"No heat", "Leak"}));
     QVERIFY(SaveProblems(f.ctx, {"Leak"}).ok());
     QCOMPARE(f.get("ProblemCode.txt"), QByteArray("\"Leak\"\r\n"));
+}
+
+static QByteArray listOf(int count, int length = 6)
+{
+    QByteArray bytes;
+    for (int i = 1; i <= count; ++i)
+        bytes += '"' + QByteArray::number(i).rightJustified(length, 'x') + "\"\r\n";
+    return bytes;
+}
+
+void TestSettings::listsOutOfBoundsAreDamaged_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("error"); // empty: the list loads
+
+    QTest::newRow("30 teams") << "Assignto.txt" << listOf(30) << "";
+    QTest::newRow("31 teams") << "Assignto.txt" << listOf(31)
+                              << "Assignto.txt is damaged: it holds 31 entries, and the "
+                                 "program keeps at most 30.";
+    QTest::newRow("8,000 teams") << "Assignto.txt" << listOf(8000) << "8,000 entries";
+    QTest::newRow("team of 255") << "Assignto.txt" << listOf(2, 255) << "";
+    QTest::newRow("team of 256") << "Assignto.txt" << listOf(2, 256)
+                                 << "entry 1 is 256 characters long";
+    QTest::newRow("team with a NUL") << "Assignto.txt" << QByteArray("\"A\"\r\n\"B\0C\"\r\n", 11)
+                                     << "entry 2 holds a control character";
+    QTest::newRow("team with a tab") << "Assignto.txt" << QByteArray("\"A\tB\"\r\n") << "";
+    QTest::newRow("5,000 problems") << "ProblemCode.txt" << listOf(5000) << "";
+    QTest::newRow("problem file of 2 MB")
+        << "ProblemCode.txt" << QByteArray(2 * 1024 * 1024, 'x') << "2,097,152 bytes long";
+    QTest::newRow("settings file of 2 MB")
+        << "TresvaneDispatcherSettings.txt" << QByteArray(2 * 1024 * 1024, '8')
+        << "TresvaneDispatcherSettings.txt is damaged";
+}
+
+void TestSettings::listsOutOfBoundsAreDamaged()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, error);
+    ProgramFolder f;
+    f.put(file, bytes);
+    const auto before = f.snapshot();
+    QElapsedTimer timer;
+    timer.start();
+    const Status s = file == u"Assignto.txt"      ? LoadAssignments(f.ctx)
+                     : file == u"ProblemCode.txt" ? LoadProblems(f.ctx)
+                                                  : LoadSettings(f.ctx);
+    QVERIFY(timer.elapsed() < 1000);
+    if (error.isEmpty())
+        QVERIFY2(s.ok(), qPrintable(s.message()));
+    else
+        QVERIFY2(!s.ok() && s.message().contains(error), qPrintable(s.message()));
+    QCOMPARE(f.snapshot(), before);
 }
 
 void TestSettings::businessIsOneLineAndKeepsItsBackup()

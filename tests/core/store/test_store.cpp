@@ -1,5 +1,6 @@
 #include "programfolder.h"
 
+#include <QDir>
 #include <QtTest>
 
 class TestStore : public QObject
@@ -20,6 +21,11 @@ private slots:
     void rewriteThroughTemporaryReplacesAndCleansUp();
     void writeRecordPastTheEndLeavesZeroBytes();
     void replaceFileOverAnExistingTarget();
+    void groupHoldsItsChangeUntilCommit_data();
+    void groupHoldsItsChangeUntilCommit();
+    void groupFailsEarlyWhereTheDiskWould();
+    void interruptedChangeAtStart_data();
+    void interruptedChangeAtStart();
 };
 
 void TestStore::namesMatchWithoutRegardToCase()
@@ -194,6 +200,136 @@ void TestStore::replaceFileOverAnExistingTarget()
     QCOMPARE(f.get("Slips.txt"), QByteArray("t"));
     QVERIFY(!f.has("TemporaryFile.txt"));
     QVERIFY(!f.store.ReplaceFile("/TemporaryFile.txt", "/Slips.txt").ok());
+}
+
+void TestStore::groupHoldsItsChangeUntilCommit_data()
+{
+    QTest::addColumn<bool>("commit");
+    QTest::newRow("committed") << true;
+    QTest::newRow("abandoned") << false;
+}
+
+void TestStore::groupHoldsItsChangeUntilCommit()
+{
+    QFETCH(bool, commit);
+    ProgramFolder f;
+    f.put("Slips.txt", "aaaabbbb");
+    f.put("Meetings.txt", "gone soon");
+    f.put("Backup/Counter.txt", "\"1\",1\r\n");
+    const auto before = f.snapshot();
+    {
+        Store::Group change(f.store);
+        QVERIFY(f.store.WriteRecordAt("/Slips.txt", 4, 2, "BBBB").ok());
+        QVERIFY(f.store.WriteRecordAt("/Slips.txt", 4, 4, "DDDD").ok());
+        QVERIFY(f.store.RewriteTextFile("/Counter.txt", "\"1\",2\r\n").ok());
+        QVERIFY(f.store.WriteRecordAt("/Counter.txt", 2, 1, "\"2").ok());
+        QVERIFY(f.store.KillWithBackup("/Meetings.txt").ok());
+        {
+            // An inner group joins the outer one and commits nothing of its own.
+            Store::Group inner(f.store);
+            QVERIFY(f.store.WriteFile("/New.txt", "n").ok());
+            QVERIFY(inner.commit().ok());
+        }
+        // The change reads back through the store before it is on disk.
+        QCOMPARE(*f.store.ReadAll("/Slips.txt"), QByteArray("aaaaBBBB\0\0\0\0DDDD", 16));
+        QCOMPARE(*f.store.ReadRecordAt("/Slips.txt", 4, 4), QByteArray("DDDD"));
+        QCOMPARE(f.store.FileSize("/Slips.txt"), 16);
+        QCOMPARE(*f.store.ReadAll("/Counter.txt"), QByteArray("\"2\",2\r\n"));
+        QVERIFY(!f.store.IsFile("/Meetings.txt") && !f.store.FileExists("/Meetings.txt"));
+        QVERIFY(f.store.IsFile("/New.txt"));
+        QCOMPARE(f.snapshot(), before);
+        if (commit)
+            QVERIFY(change.commit().ok());
+    }
+    if (!commit) {
+        QCOMPARE(f.snapshot(), before);
+        return;
+    }
+    QCOMPARE(f.get("Slips.txt"), QByteArray("aaaaBBBB\0\0\0\0DDDD", 16));
+    QCOMPARE(f.get("Counter.txt"), QByteArray("\"2\",2\r\n"));
+    QVERIFY(!f.has("Meetings.txt") && !f.has("Backup/Counter.txt"));
+    QCOMPARE(f.get("New.txt"), QByteArray("n"));
+    QVERIFY(!f.hasFolder("ChangeInProgress"));
+    QCOMPARE(f.snapshot().size(), 3);
+}
+
+void TestStore::groupFailsEarlyWhereTheDiskWould()
+{
+    ProgramFolder f;
+    QDir().mkpath(f.abs("Slips.txt"));
+    Store::Group change(f.store);
+    QVERIFY(f.store.WriteFile("/Counter.txt", "1").ok());
+    QVERIFY(!f.store.WriteRecordAt("/Slips.txt", 4, 1, "AAAA").ok());
+    QVERIFY(!f.store.WriteFile("/Slips.txt", "x").ok());
+    QVERIFY(!f.store.WriteFile("/NoSuchFolder/x.txt", "x").ok());
+}
+
+using Files = QMap<QString, QByteArray>;
+
+void TestStore::interruptedChangeAtStart_data()
+{
+    QTest::addColumn<Files>("laid");
+    QTest::addColumn<Files>("expected"); // the whole folder afterwards
+
+    const Files files{{"Slips.txt", "old slips"}, {"Meetings.txt", "meet"}};
+    auto with = [&](Files extra) {
+        Files all = files;
+        for (auto it = extra.cbegin(); it != extra.cend(); ++it)
+            all[it.key()] = it.value();
+        return all;
+    };
+    QTest::newRow("whole record is finished")
+        << with({{"ChangeInProgress/1.new", "new slips"},
+                 {"ChangeInProgress/Intent.txt", "W\t1.new\tSlips.txt\nD\tMeetings.txt\nEND\n"}})
+        << Files{{"Slips.txt", "new slips"}};
+    QTest::newRow("half-finished record is finished")
+        << Files{{"Slips.txt", "new slips"},
+                                     {"Counter.txt", "old"},
+                                     {"ChangeInProgress/2.new", "new"},
+                                     {"ChangeInProgress/Intent.txt",
+                                      "W\t1.new\tSlips.txt\nW\t2.new\tCounter.txt\nEND\n"}}
+        << Files{{"Slips.txt", "new slips"}, {"Counter.txt", "new"}};
+    QTest::newRow("records written in place")
+        << with({{"ChangeInProgress/1.new", "NEW"},
+                 {"ChangeInProgress/Intent.txt", "P\t1.new\tSlips.txt\t0\nEND\n"}})
+        << Files{{"Slips.txt", "NEW slips"}, {"Meetings.txt", "meet"}};
+    QTest::newRow("record without its end is dropped")
+        << with({{"ChangeInProgress/1.new", "new slips"},
+                 {"ChangeInProgress/Intent.txt", "W\t1.new\tSlips.txt\nD\tMeetings.txt\n"}})
+        << files;
+    QTest::newRow("new versions without a record are dropped")
+        << with({{"ChangeInProgress/1.new", "new slips"}}) << files;
+    QTest::newRow("a team folder in the record")
+        << Files{{"2026/Team#3/125.txt", "old"},
+                                     {"ChangeInProgress/1.new", "new"},
+                                     {"ChangeInProgress/Intent.txt",
+                                      "W\t1.new\t2026/Team%233/125.txt\nEND\n"}}
+        << Files{{"2026/Team#3/125.txt", "new"}};
+    QTest::newRow("temporaries of cut-short saves")
+        << with({{"Slips.txt.a1B2c3", "half"},
+                 {"Backup/Counter.txt", "c"},
+                 {"Backup/Counter.txt.Zz09Aa", "half"},
+                 {"2026/Team#1/5.txt", "d"},
+                 {"2026/Team#1/5.txt.abc123", "half"},
+                 {"Notes.txt.backup", "a user's own file"}})
+        << with({{"Backup/Counter.txt", "c"},
+                 {"2026/Team#1/5.txt", "d"},
+                 {"Notes.txt.backup", "a user's own file"}});
+}
+
+void TestStore::interruptedChangeAtStart()
+{
+    QFETCH(Files, laid);
+    QFETCH(Files, expected);
+    ProgramFolder f;
+    for (auto it = laid.cbegin(); it != laid.cend(); ++it)
+        f.put(it.key(), it.value());
+    QVERIFY(f.store.RecoverInterruptedChange().ok());
+    QCOMPARE(f.snapshot(), expected);
+    QVERIFY(!f.hasFolder("ChangeInProgress"));
+    // A second start finds nothing more to do.
+    QVERIFY(f.store.RecoverInterruptedChange().ok());
+    QCOMPARE(f.snapshot(), expected);
 }
 
 QTEST_GUILESS_MAIN(TestStore)

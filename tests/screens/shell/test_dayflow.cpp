@@ -75,8 +75,8 @@ struct Installation : ProgramFolder {
         put("CustomerData.txt", customer());
         // The contract and cycle records of the one customer, at their defaults.
         ResetContractDefaults(ctx);
-        WriteContract(ctx, 1);
-        WriteCycle(ctx, 1);
+        QVERIFY(WriteContract(ctx, 1).ok());
+        QVERIFY(WriteCycle(ctx, 1).ok());
     }
     std::unique_ptr<App> start()
     {

@@ -18,6 +18,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -91,6 +92,10 @@ private slots:
     void folderHeldByAnotherComputer();
     void auxFoldersComeBackAtStart();
     void continueGoesToTheMenuWhenFilesStand();
+    void emptyCustomerFileIsOfferedBackFromBackup();
+    void longTeamListIsRefusedBeforeAnyFolder();
+    void damagedFileKeepsItsBackupThroughStartAndExit_data();
+    void damagedFileKeepsItsBackupThroughStartAndExit();
     void closeBoxEndsTheProgram();
     void plannerQuestionOncePerRun();
     void deleteTeamOnTheScreen();
@@ -373,6 +378,93 @@ void TestFirstRun::continueGoesToTheMenuWhenFilesStand()
     app->startup->mnuHelp->trigger();
     QCOMPARE(run.desktop.opened.size(), 2);
     VERIFY_DIALOGS(run.dialogs);
+}
+
+void TestFirstRun::emptyCustomerFileIsOfferedBackFromBackup()
+{
+    Run run;
+    layDownInstallation(run);
+    QByteArray customers;
+    for (int i = 0; i < 50; ++i)
+        customers += QByteArray("ACCT" + QByteArray::number(i)).leftJustified(326, ' ') +
+                     QByteArray(2, '\0');
+    QCOMPARE(customers.size(), 16400);
+    run.put("Backup/CustomerData.txt", customers);
+    run.put("CustomerData.txt", {});
+    run.dialogs.expectContaining("CustomerData.txt is empty, but its copy in Backup holds 50 "
+                                 "records",
+                                 Dialogs::Answer::Yes);
+    {
+        auto app = run.start();
+        QVERIFY(app->Main());
+        QTRY_VERIFY(!app->auxFoldersPending());
+        app->ExitProgram();
+    }
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(run.get("CustomerData.txt"), customers);
+    QCOMPARE(run.get("Backup/CustomerData.txt"), customers);
+    QVERIFY(run.isFolder("AuxFiles/ACCT49"));
+}
+
+void TestFirstRun::longTeamListIsRefusedBeforeAnyFolder()
+{
+    Run run;
+    layDownInstallation(run);
+    QByteArray teams;
+    for (int i = 1; i <= 8000; ++i)
+        teams += "\"Team " + QByteArray::number(i) + "\"\r\n";
+    run.put("Assignto.txt", teams);
+    const QStringList before = run.tree();
+    run.dialogs.expectContaining("Assignto.txt is damaged: it holds 8,000 entries");
+    QElapsedTimer timer;
+    timer.start();
+    auto app = run.start();
+    QVERIFY(!app->Main());
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(run.tree(), before);
+}
+
+void TestFirstRun::damagedFileKeepsItsBackupThroughStartAndExit_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("good");
+    QTest::addColumn<QByteArray>("damaged");
+
+    QByteArray noise(3000, 0);
+    for (int i = 0; i < noise.size(); ++i)
+        noise[i] = char((i * 7919 + 13) % 251);
+    const QByteArray slips(2 * 297, 's');
+    QTest::newRow("odd-length slips") << "Slips.txt" << slips << slips.left(400);
+    QTest::newRow("random meetings") << "Meetings.txt" << slips << noise;
+    QTest::newRow("odd-length contracts") << "ContractInfo.txt" << QByteArray(386, 'k')
+                                          << QByteArray(385, 'k');
+    QTest::newRow("random stored slips") << "UnscheduledSlips.txt" << slips << noise;
+    QTest::newRow("random teams") << "Assignto.txt" << QByteArray("\"North\"\r\n") << noise;
+    QTest::newRow("random problems") << "ProblemCode.txt" << QByteArray("\"No Heat\"\r\n")
+                                     << noise;
+}
+
+void TestFirstRun::damagedFileKeepsItsBackupThroughStartAndExit()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, good);
+    QFETCH(QByteArray, damaged);
+    Run run;
+    layDownInstallation(run);
+    run.put(file, damaged);
+    run.put("Backup/" + file, good);
+    // Told once, at start when the file stops it, else at the exit that keeps the copy.
+    run.dialogs.expectContaining(file);
+    {
+        auto app = run.start();
+        if (app->Main()) {
+            QTRY_VERIFY(!app->auxFoldersPending());
+            app->ExitProgram();
+        }
+    }
+    VERIFY_DIALOGS(run.dialogs);
+    QCOMPARE(run.get("Backup/" + file), good);
 }
 
 void TestFirstRun::closeBoxEndsTheProgram()
