@@ -12,6 +12,7 @@
 #include "store/purge.h"
 #include "screenframe.h"
 #include "unsavededits.h"
+#include "schedule/dayviewframe.h"
 #include "schedule/frmmain.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
@@ -30,6 +31,8 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 
@@ -304,6 +307,8 @@ void App::OpenEntry(int index)
             callBack = new frmCallBack(ctx);
             Adopt(callBack);
             connect(callBack, &frmCallBack::showMenu, this, &App::ShowMenu);
+            connect(callBack, &frmCallBack::callCustomer, this,
+                    [this](const QString& tel, const QString& name) { ShowDialer(name, tel); });
         }
         v.Mode = qint16(index + 1);
         Bring(callBack.data());
@@ -328,6 +333,7 @@ void App::OpenCustomer(int index)
         connect(customer, &frmCustomer::showMenu, this, &App::ShowMenu);
         connect(customer, &frmCustomer::customerSelected, this, &App::CustomerSelected);
         connect(customer, &frmCustomer::showHistory, this, &App::ShowHistoryForCustomer);
+        connect(customer, &frmCustomer::dialRequested, this, &App::ShowDialer);
         ShowPhoneFeatures(m_phoneFeatures);
     }
     v.Mode = qint16(index + 1);
@@ -356,6 +362,14 @@ frmMain* App::MainForm()
         mainForm = new frmMain(ctx, m_desktop);
         Adopt(mainForm);
         connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
+        // An hour label with a telephone behind it dials that customer, named by the hour's
+        // hover text, when a telephone is chained behind the modem.
+        connect(mainForm->fraDay, &DayViewFrame::dialRequested, this, [this](int slot) {
+            if (!v.gPhoneChained || !mainForm)
+                return;
+            ShowDialer(mainForm->fraDay->txtHourSlot[slot]->toolTip(),
+                       mainForm->fraDay->Label2[slot]->toolTip());
+        });
         connect(mainForm, &frmMain::problemCodesChanged, this, [this] {
             if (setup)
                 setup->problems->LoadProblems();
