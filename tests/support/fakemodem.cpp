@@ -33,18 +33,15 @@ FakeModem::FakeModem(QObject* parent) : QObject(parent)
 FakeModem::~FakeModem()
 {
     delete m_notifier;
-    if (m_master >= 0)
-        ::close(m_master);
-    if (m_slave >= 0)
-        ::close(m_slave);
+    if (m_master >= 0) ::close(m_master);
+    if (m_slave >= 0) ::close(m_slave);
 }
 
 QStringList FakeModem::calls() const
 {
     QStringList out;
     for (const QString& c : m_commands)
-        if (c.startsWith(u"ATDT") || c == u"ATH")
-            out << c;
+        if (c.startsWith(u"ATDT") || c == u"ATH") out << c;
     return out;
 }
 
@@ -58,11 +55,9 @@ void FakeModem::readMaster()
     char buffer[512];
     for (;;) {
         const ssize_t n = ::read(m_master, buffer, sizeof buffer);
-        if (n <= 0)
-            break;
+        if (n <= 0) break;
         const QByteArray got(buffer, int(n));
-        if (m_mode == Mode::Answering)
-            reply(got); // the modem's echo
+        if (m_mode == Mode::Answering) reply(got); // the modem's echo
         for (char ch : got) {
             if (ch == '\r') {
                 handle(m_line);
@@ -77,8 +72,7 @@ void FakeModem::readMaster()
 void FakeModem::handle(const QByteArray& line)
 {
     const QString command = QString::fromLatin1(line).trimmed().toUpper();
-    if (command.isEmpty())
-        return;
+    if (command.isEmpty()) return;
     m_commands << command;
     bool known = true;
     if (command == u"AT#CID=1")
@@ -111,10 +105,8 @@ void FakeModem::writeMaster(const QByteArray& bytes)
     qsizetype done = 0;
     while (done < bytes.size()) {
         const ssize_t n = ::write(m_master, bytes.constData() + done, size_t(bytes.size() - done));
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return;
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return;
         done += n;
     }
 }

@@ -6,17 +6,14 @@
 
 QString ModemDeviceForPort(int port, const QString& configuredDevice)
 {
-    if (port < 1)
-        return {};
-    if (!configuredDevice.trimmed().isEmpty())
-        return configuredDevice.trimmed();
+    if (port < 1) return {};
+    if (!configuredDevice.trimmed().isEmpty()) return configuredDevice.trimmed();
     return QStringLiteral("/dev/ttyS%1").arg(port - 1);
 }
 
 QString ModemPortText(qint16 port, bool found)
 {
-    if (!found)
-        return QStringLiteral("Modem Not Detected Or In Use.");
+    if (!found) return QStringLiteral("Modem Not Detected Or In Use.");
     return QStringLiteral("Your Modem Comm Port Is %1.").arg(port);
 }
 
@@ -27,8 +24,7 @@ QString ComPortCaption(qint16 port)
 
 bool SwitchCallerIdOn(SerialLink& link)
 {
-    if (!link.isOpen() && !link.open())
-        return false;
+    if (!link.isOpen() && !link.open()) return false;
     link.clear();
     link.send(QByteArrayLiteral("AT#CID=1\r"));
     return true;
@@ -45,8 +41,7 @@ ModemProbe::ModemProbe(SerialLink& link, DeviceForPort deviceFor, QObject* paren
 
 void ModemProbe::start()
 {
-    if (m_running)
-        return;
+    if (m_running) return;
     m_running = true;
     m_port = 0;
     m_tried.clear();
@@ -60,12 +55,10 @@ void ModemProbe::tryNext()
     while (++m_port <= kPorts) {
         const QString device = m_deviceFor(m_port);
         // A named device stands for every port number: it is tried once.
-        if (device.isEmpty() || m_tried.contains(device) || !QFileInfo::exists(device))
-            continue;
+        if (device.isEmpty() || m_tried.contains(device) || !QFileInfo::exists(device)) continue;
         m_tried << device;
         m_link.setDevice(device);
-        if (!m_link.open())
-            continue; // missing, forbidden or busy: the search goes on
+        if (!m_link.open()) continue; // missing, forbidden or busy: the search goes on
         m_link.clear();
         m_waiting = true;
         m_link.send(QByteArrayLiteral("AT\r"));
@@ -77,8 +70,7 @@ void ModemProbe::tryNext()
 
 void ModemProbe::bytesArrived()
 {
-    if (!m_waiting || m_link.bytesWaiting() < 2)
-        return;
+    if (!m_waiting || m_link.bytesWaiting() < 2) return;
     m_waiting = false;
     m_answerTimer.stop();
     m_link.close();
@@ -87,8 +79,7 @@ void ModemProbe::bytesArrived()
 
 void ModemProbe::noAnswer()
 {
-    if (!m_waiting)
-        return;
+    if (!m_waiting) return;
     m_waiting = false;
     m_link.close();
     tryNext();

@@ -149,8 +149,7 @@ void frmSetup::ShowModem(qint16 port, bool found, const QString& text)
     operations->txtModemPort->setText(QString::number(port));
     operations->lblModem->setText(text);
     operations->setPhoneFeatures(found);
-    if (clean)
-        m_unchanged = CaptureControls(this);
+    if (clean) m_unchanged = CaptureControls(this);
 }
 
 void frmSetup::showEvent(QShowEvent* event)

@@ -235,8 +235,7 @@ void SetupOperationsTab::storeToSettings()
     // A port number the user typed is the one stored; anything else leaves it as it was.
     bool number = false;
     const int port = txtModemPort->text().trimmed().toInt(&number);
-    if (number && port >= 0 && port <= 16)
-        c.v.gModemPort = qint16(port);
+    if (number && port >= 0 && port <= 16) c.v.gModemPort = qint16(port);
     txtModemPort->setText(QString::number(c.v.gModemPort));
     const QString device = cboModemDevice->currentText().trimmed();
     if (device != ConfiguredModemDevice(c.store.baseName()))

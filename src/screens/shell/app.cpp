@@ -165,11 +165,9 @@ bool App::Main()
     // Leaving setup searches again when there is no modem yet: the user may have named its
     // device. An open port is the modem in use and is left alone.
     connect(setup, &frmSetup::showMenu, this, [this] {
-        if (!m_link->isOpen())
-            DetectModem();
+        if (!m_link->isOpen()) DetectModem();
     });
-    if (Fatal(setup->Form_Load(0)))
-        return false;
+    if (Fatal(setup->Form_Load(0))) return false;
     // Until the modem has answered, nothing offers to dial.
     ShowPhoneFeatures(false);
     // 5. The splash, on screen at once.
@@ -365,8 +363,7 @@ frmMain* App::MainForm()
         // An hour label with a telephone behind it dials that customer, named by the hour's
         // hover text, when a telephone is chained behind the modem.
         connect(mainForm->fraDay, &DayViewFrame::dialRequested, this, [this](int slot) {
-            if (!v.gPhoneChained || !mainForm)
-                return;
+            if (!v.gPhoneChained || !mainForm) return;
             ShowDialer(mainForm->fraDay->txtHourSlot[slot]->toolTip(),
                        mainForm->fraDay->Label2[slot]->toolTip());
         });
@@ -416,8 +413,7 @@ void App::ShowHistoryForCustomer(const QString& account)
 
 QString App::ModemDevice(int port) const
 {
-    if (m_modemDevices)
-        return m_modemDevices(port);
+    if (m_modemDevices) return m_modemDevices(port);
     return ModemDeviceForPort(port, ConfiguredModemDevice(store.baseName()));
 }
 
@@ -428,10 +424,10 @@ bool App::modemSearchRunning() const
 
 void App::DetectModem()
 {
-    if (modemSearchRunning() || m_exited)
-        return;
+    if (modemSearchRunning() || m_exited) return;
     if (!m_probe) {
-        m_probe = new ModemProbe(*m_link, [this](int port) { return ModemDevice(port); }, this);
+        m_probe = new ModemProbe(
+            *m_link, [this](int port) { return ModemDevice(port); }, this);
         connect(m_probe, &ModemProbe::finished, this, &App::ModemFound);
     }
     m_probe->start();
@@ -439,21 +435,18 @@ void App::DetectModem()
 
 void App::ModemFound(qint16 port)
 {
-    if (m_exited)
-        return;
+    if (m_exited) return;
     const bool found = port != 0;
     m_detectedModemPort = port;
     // A port kept in Phone.txt is the one the program goes on with; the line stays on the
     // device that answered.
-    if (found && !store.FileExists(QStringLiteral("/Phone.txt")))
-        v.gModemPort = port;
+    if (found && !store.FileExists(QStringLiteral("/Phone.txt"))) v.gModemPort = port;
     const QString text = ModemPortText(port, found);
     if (dialer) {
         dialer->Text1->setText(text);
         dialer->Label2_3->setText(ComPortCaption(found ? port : v.gModemPort));
     }
-    if (setup)
-        setup->ShowModem(found ? port : v.gModemPort, found, text);
+    if (setup) setup->ShowModem(found ? port : v.gModemPort, found, text);
     if (found) {
         m_link->setDevice(ModemDevice(port));
         if (!SwitchCallerIdOn(*m_link)) {
@@ -467,19 +460,15 @@ void App::ModemFound(qint16 port)
 void App::ShowPhoneFeatures(bool shown)
 {
     m_phoneFeatures = shown;
-    if (customer)
-        customer->imgDialer->setVisible(shown);
-    if (setup)
-        setup->operations->setPhoneFeatures(shown);
+    if (customer) customer->imgDialer->setVisible(shown);
+    if (setup) setup->operations->setPhoneFeatures(shown);
 }
 
 void App::ShowDialer(const QString& name, const QString& number)
 {
-    if (!dialer)
-        return;
+    if (!dialer) return;
     // A port closed since the search is opened again on the port of the setup screen.
-    if (!m_link->isOpen())
-        m_link->setDevice(ModemDevice(v.gModemPort));
+    if (!m_link->isOpen()) m_link->setDevice(ModemDevice(v.gModemPort));
     dialer->SetRecipient(name, number);
     dialer->setWindowModality(Qt::ApplicationModal);
     dialer->show();
@@ -578,8 +567,7 @@ void App::ExitProgram()
         m_dialogs.message(s.message());
     // Every screen goes, the last made first. They are deleted once control has left the
     // handler that brought us here, which may belong to one of them.
-    if (m_probe)
-        m_probe->disconnect(this);
+    if (m_probe) m_probe->disconnect(this);
     m_link->close();
     QList<QWidget*> screens{startup.data(), splash.data(), setup, dialer.data()};
     for (const QPointer<QWidget>& screen : m_working)

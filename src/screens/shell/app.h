@@ -67,7 +67,10 @@ public:
 
     // The serial device behind each modem port number. By default port n is /dev/ttyS<n-1>
     // or the device the user named for the modem; a test points the ports at its fake modem.
-    void setModemDevices(ModemProbe::DeviceForPort deviceFor) { m_modemDevices = std::move(deviceFor); }
+    void setModemDevices(ModemProbe::DeviceForPort deviceFor)
+    {
+        m_modemDevices = std::move(deviceFor);
+    }
     // The one line to the modem, shared by everything that speaks to it.
     SerialLink& serialLink() { return *m_link; }
     // The modem search runs behind the splash; true until it has ended.

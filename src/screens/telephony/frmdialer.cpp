@@ -13,7 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace
+{
 template <typename T> T* named(T* w, const QString& name)
 {
     w->setObjectName(name);
@@ -39,11 +40,13 @@ frmDialer::frmDialer(CoreContext& ctx, SerialLink& link, QWidget* parent)
     big.setBold(true);
     lblName->setFont(big);
     lblNumber->setFont(big);
-    ckDial1 = named(new QCheckBox(QStringLiteral("Dial a Prefix  1-"), this),
-                    QStringLiteral("ckDial1"));
-    cmdNewDial = named(new QPushButton(QStringLiteral("&Dial"), this), QStringLiteral("cmdNewDial"));
-    cmdCancel = named(new QPushButton(QStringLiteral("Pick up the receiver then &Click to Talk"), this),
-                      QStringLiteral("cmdCancel"));
+    ckDial1 =
+        named(new QCheckBox(QStringLiteral("Dial a Prefix  1-"), this), QStringLiteral("ckDial1"));
+    cmdNewDial =
+        named(new QPushButton(QStringLiteral("&Dial"), this), QStringLiteral("cmdNewDial"));
+    cmdCancel =
+        named(new QPushButton(QStringLiteral("Pick up the receiver then &Click to Talk"), this),
+              QStringLiteral("cmdCancel"));
     cmdHangup = named(new QPushButton(QStringLiteral("D&isconnect/Cancel"), this),
                       QStringLiteral("cmdHangup"));
     lblStatus = named(new QLabel(kReady, this), QStringLiteral("lblStatus"));
@@ -127,10 +130,9 @@ frmDialer::frmDialer(CoreContext& ctx, SerialLink& link, QWidget* parent)
     m_waitNotice.setInterval(3000);
     connect(&m_waitNotice, &QTimer::timeout, this, [this] {
         if (m_dialing)
-            lblStatus->setText(
-                QStringLiteral("Waiting for the modem to answer..... %1\n"
-                               "Click Disconnect/Cancel to stop")
-                    .arg(lblNumber->text()));
+            lblStatus->setText(QStringLiteral("Waiting for the modem to answer..... %1\n"
+                                              "Click Disconnect/Cancel to stop")
+                                   .arg(lblNumber->text()));
     });
     connect(&m_link, &SerialLink::bytesArrived, this, &frmDialer::bytesArrived);
     connect(cmdNewDial, &QPushButton::clicked, this, &frmDialer::cmdNewDial_Click);
@@ -206,12 +208,10 @@ void frmDialer::cmdNewDial_Click()
 
 void frmDialer::bytesArrived()
 {
-    if (!m_dialing)
-        return;
+    if (!m_dialing) return;
     // The reply comes in pieces; an "OK" may be split between two of them.
     Reply += QString::fromLatin1(m_link.readAll());
-    if (!Reply.contains(u"OK"))
-        return;
+    if (!Reply.contains(u"OK")) return;
     m_dialing = false;
     m_waitNotice.stop();
     lblStatus->setText(kPickup);
@@ -296,10 +296,10 @@ void frmDialer::cmdSpeedDialer_Click(int index)
         fraSpeedDial->setVisible(false);
         break;
     case 2: {
-        const bool yes = c.dialogs.ask(QStringLiteral("This will delete SpeedDial entry  ") +
-                                           cmdDialer[SpeedIndex]->text() +
-                                           QStringLiteral("\nAre you Sure"),
-                                       QStringLiteral("Delete Speed Dial"));
+        const bool yes =
+            c.dialogs.ask(QStringLiteral("This will delete SpeedDial entry  ") +
+                              cmdDialer[SpeedIndex]->text() + QStringLiteral("\nAre you Sure"),
+                          QStringLiteral("Delete Speed Dial"));
         if (!yes) {
             cmdSpeedDialer[2]->setVisible(false);
             break;
@@ -307,8 +307,7 @@ void frmDialer::cmdSpeedDialer_Click(int index)
         m_speed.names[SpeedIndex].clear();
         m_speed.numbers[SpeedIndex].clear();
         // The file closes up the gap; the buttons are filled again from it.
-        if (WriteSpeedNumbers())
-            LoadSpeedNumbers();
+        if (WriteSpeedNumbers()) LoadSpeedNumbers();
         cmdSpeedDialer[2]->setVisible(false);
         break;
     }

@@ -3,7 +3,8 @@
 #include <QSerialPortInfo>
 #include <QSettings>
 
-namespace {
+namespace
+{
 const QString kDeviceKey = QStringLiteral("Modem/device");
 }
 

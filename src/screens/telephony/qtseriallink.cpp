@@ -24,8 +24,7 @@ QString QtSerialLink::device() const
 
 Status QtSerialLink::open()
 {
-    if (m_port->isOpen())
-        return {};
+    if (m_port->isOpen()) return {};
     if (m_device.isEmpty())
         return Status::failure(QStringLiteral("No serial device is set for the modem."));
     m_port->setPortName(m_device);
@@ -64,8 +63,7 @@ Status QtSerialLink::open()
 
 void QtSerialLink::close()
 {
-    if (m_port->isOpen())
-        m_port->close();
+    if (m_port->isOpen()) m_port->close();
 }
 
 bool QtSerialLink::isOpen() const
@@ -75,8 +73,7 @@ bool QtSerialLink::isOpen() const
 
 void QtSerialLink::send(const QByteArray& bytes)
 {
-    if (m_port->isOpen())
-        m_port->write(bytes);
+    if (m_port->isOpen()) m_port->write(bytes);
 }
 
 QByteArray QtSerialLink::readAll()

@@ -20,7 +20,8 @@
 
 using Answer = Dialogs::Answer;
 
-namespace {
+namespace
+{
 
 const QString kPickup = QStringLiteral("Pickup Receiver - Then Click Hangup");
 
@@ -32,8 +33,7 @@ struct Dialer : ProgramFolder {
 
     explicit Dialer(const QByteArray& speedNumbers = {})
     {
-        if (!speedNumbers.isNull())
-            put("SpeedNumbers.txt", speedNumbers);
+        if (!speedNumbers.isNull()) put("SpeedNumbers.txt", speedNumbers);
         link.setDevice(modem.devicePath());
         dialer.SetRecipient(QStringLiteral("Hill Bakery"), QStringLiteral("555-123-4567"));
         dialer.show();
@@ -101,8 +101,7 @@ void TestDialer::dialSendsTheNumberAndHangsUp()
     QVERIFY(d.link.isOpen());
     QCOMPARE(d.dialer.lblStatus->text(), QStringLiteral("Ready to Dial......"));
     QVERIFY(!d.dialer.cmdCancel->isEnabled());
-    if (longDistance)
-        d.dialer.ckDial1->click();
+    if (longDistance) d.dialer.ckDial1->click();
     QTest::mouseClick(d.dialer.cmdNewDial, Qt::LeftButton);
     QVERIFY(!d.dialer.cmdNewDial->isEnabled());
     QVERIFY(d.dialer.lblStatus->text().startsWith(QStringLiteral("Dialing..... ")));
@@ -224,7 +223,7 @@ void TestDialer::speedNumberAddedIntoEmptyButton()
     QTest::mouseClick(d.dialer.cmdDialer[7], Qt::LeftButton);
     QTest::mouseClick(d.dialer.cmdSpeedDialer[4], Qt::LeftButton);
     QCOMPARE(d.get("SpeedNumbers.txt"), fourEntries() + "Parts Desk\r\n555-000-0005\r\n"
-                                                         "Hill Bakery\r\n555-123-4567\r\n");
+                                                        "Hill Bakery\r\n555-123-4567\r\n");
     VERIFY_DIALOGS(d.dialogs);
 }
 
@@ -251,8 +250,8 @@ void TestDialer::deleteAnsweredNoKeepsTheFile()
 {
     Dialer d(fourEntries());
     QTest::mouseClick(d.dialer.cmdDialer[0], Qt::LeftButton);
-    d.dialogs.expect("This will delete SpeedDial entry  Office\nAre you Sure",
-                     "Delete Speed Dial", Answer::No);
+    d.dialogs.expect("This will delete SpeedDial entry  Office\nAre you Sure", "Delete Speed Dial",
+                     Answer::No);
     QTest::mouseClick(d.dialer.cmdSpeedDialer[2], Qt::LeftButton);
     VERIFY_DIALOGS(d.dialogs);
     QCOMPARE(d.get("SpeedNumbers.txt"), fourEntries());
@@ -264,8 +263,8 @@ void TestDialer::damagedSpeedNumbersAreToldNotLoaded_data()
     QTest::addColumn<QByteArray>("file");
     QByteArray eleven;
     for (int i = 1; i <= 11; ++i)
-        eleven += "Entry " + QByteArray::number(i) + "\r\n555-000-00" +
-                  QByteArray::number(10 + i) + "\r\n";
+        eleven += "Entry " + QByteArray::number(i) + "\r\n555-000-00" + QByteArray::number(10 + i) +
+                  "\r\n";
     QTest::newRow("eleven pairs") << eleven;
     QTest::newRow("name without number") << QByteArray("Office\r\n555-000-0001\r\nNight\r\n");
 }
@@ -310,10 +309,10 @@ void TestDialer::customerDialChoosesPhoneOrCell_data()
     QTest::addColumn<int>("answer"); // to "Select Phone or Cell"; -1 not asked
     QTest::addColumn<QString>("dialed");
     QTest::newRow("phone only") << "" << -1 << "ATDT937-555-0100;";
-    QTest::newRow("both, phone chosen") << "937-555-0199" << int(Answer::Yes)
-                                        << "ATDT937-555-0100;";
-    QTest::newRow("both, cell chosen") << " 937-555-0199 " << int(Answer::No)
-                                       << "ATDT937-555-0199;";
+    QTest::newRow("both, phone chosen")
+        << "937-555-0199" << int(Answer::Yes) << "ATDT937-555-0100;";
+    QTest::newRow("both, cell chosen")
+        << " 937-555-0199 " << int(Answer::No) << "ATDT937-555-0199;";
 }
 
 void TestDialer::customerDialChoosesPhoneOrCell()
@@ -332,10 +331,9 @@ void TestDialer::customerDialChoosesPhoneOrCell()
     f.put("CustomerData.txt",
           padded("A-7", 20) + padded("Hill Bakery", 45) + padded("4 Oak Lane", 35) +
               padded("", 25) + padded("Dayton", 25) + padded("Dayton", 20) + padded("OH", 2) +
-              padded("45402", 10) + padded("", 25) + padded("937-555-0100", 13) +
-              padded("", 13) + padded("", 30) + padded("", 10) + padded("", 15) +
-              padded("", 1) + padded("", 25) + padded("Business", 10) +
-              QByteArray::fromHex("01000000"));
+              padded("45402", 10) + padded("", 25) + padded("937-555-0100", 13) + padded("", 13) +
+              padded("", 30) + padded("", 10) + padded("", 15) + padded("", 1) + padded("", 25) +
+              padded("Business", 10) + QByteArray::fromHex("01000000"));
     f.put("TresvaneDispatcherSettings.txt",
           "8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n#FALSE#\r\n#FALSE#\r\n1\r\n1\r\n");
     ResetContractDefaults(f.ctx);

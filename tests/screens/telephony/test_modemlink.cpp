@@ -22,7 +22,8 @@
 
 #include <unistd.h>
 
-namespace {
+namespace
+{
 
 // Which device stands behind each port number in a row of the probe table.
 enum class Device { None, Missing, Modem, SilentModem };
@@ -77,9 +78,12 @@ void TestModemLink::openFailuresAreReadable_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("no such device") << "missing" << "There is no serial device";
-    QTest::newRow("not allowed") << "forbidden" << "add yourself to the dialout group";
-    QTest::newRow("held by another") << "busy" << "is busy";
+    QTest::newRow("no such device") << "missing"
+                                    << "There is no serial device";
+    QTest::newRow("not allowed") << "forbidden"
+                                 << "add yourself to the dialout group";
+    QTest::newRow("held by another") << "busy"
+                                     << "is busy";
 }
 
 void TestModemLink::openFailuresAreReadable()
@@ -94,8 +98,7 @@ void TestModemLink::openFailuresAreReadable()
     if (kind == u"missing") {
         link.setDevice(dir.filePath(QStringLiteral("ttyS9")));
     } else if (kind == u"forbidden") {
-        if (::geteuid() == 0)
-            QSKIP("root may open any device");
+        if (::geteuid() == 0) QSKIP("root may open any device");
         QFile f(dir.filePath(QStringLiteral("ttyS0")));
         QVERIFY(f.open(QIODevice::WriteOnly));
         f.close();
@@ -139,8 +142,8 @@ void TestModemLink::searchTakesTheFirstPortThatAnswers_data()
 {
     QTest::addColumn<QList<int>>("ports"); // a Device for ports 1, 2, 3, ...
     QTest::addColumn<int>("found");
-    const int none = int(Device::None), missing = int(Device::Missing),
-              modem = int(Device::Modem), silent = int(Device::SilentModem);
+    const int none = int(Device::None), missing = int(Device::Missing), modem = int(Device::Modem),
+              silent = int(Device::SilentModem);
     QTest::newRow("modem on port 1") << QList<int>{modem} << 1;
     QTest::newRow("modem on port 3 after gaps") << QList<int>{missing, none, modem} << 3;
     QTest::newRow("silent device then modem") << QList<int>{silent, modem} << 2;
@@ -156,8 +159,7 @@ void TestModemLink::searchTakesTheFirstPortThatAnswers()
     FakeModem answering, silent;
     silent.setMode(FakeModem::Mode::Silent);
     const auto deviceFor = [&](int port) -> QString {
-        if (port > ports.size())
-            return {};
+        if (port > ports.size()) return {};
         switch (Device(ports[port - 1])) {
         case Device::Missing:
             return dir.filePath(QStringLiteral("ttyS%1").arg(port - 1));
@@ -211,8 +213,7 @@ void TestModemLink::startFindsTheModemBehindTheSplash()
     QFETCH(int, device);
     QFETCH(bool, found);
     FakeModem modem;
-    if (Device(device) == Device::SilentModem)
-        modem.setMode(FakeModem::Mode::Silent);
+    if (Device(device) == Device::SilentModem) modem.setMode(FakeModem::Mode::Silent);
     Run run;
     const QString path = Device(device) == Device::Missing
                              ? run.folder.filePath(QStringLiteral("no-tty"))
@@ -229,8 +230,8 @@ void TestModemLink::startFindsTheModemBehindTheSplash()
     QCOMPARE(app.detectedModemPort(), qint16(found ? 1 : 0));
     QCOMPARE(app.dialer->Text1->text(), found ? QStringLiteral("Your Modem Comm Port Is 1.")
                                               : QStringLiteral("Modem Not Detected Or In Use."));
-    QCOMPARE(app.dialer->Label2_3->text(), found ? QStringLiteral("COM Port # 1")
-                                                 : QStringLiteral("COM Port # 0"));
+    QCOMPARE(app.dialer->Label2_3->text(),
+             found ? QStringLiteral("COM Port # 1") : QStringLiteral("COM Port # 0"));
     QCOMPARE(app.setup->operations->txtModemPort->text(), found ? u"1" : u"0");
     QCOMPARE(app.setup->operations->fraPhone->isEnabled(), found);
     // The alarms and prompts on the same sub-tab stay open either way.
@@ -272,7 +273,8 @@ void TestModemLink::deviceForPort_data()
     QTest::newRow("COM1") << 1 << QString() << "/dev/ttyS0";
     QTest::newRow("COM16") << 16 << QString() << "/dev/ttyS15";
     QTest::newRow("no port") << 0 << QString() << QString();
-    QTest::newRow("named device") << 3 << " /dev/ttyACM0 " << "/dev/ttyACM0";
+    QTest::newRow("named device") << 3 << " /dev/ttyACM0 "
+                                  << "/dev/ttyACM0";
     QTest::newRow("named device, no port") << 0 << "/dev/ttyACM0" << QString();
 }
 
