@@ -467,6 +467,12 @@ void App::ShowPhoneFeatures(bool shown)
 void App::ShowDialer(const QString& name, const QString& number)
 {
     if (!dialer) return;
+    // While the search runs the line is on a device being tried, not yet the modem's.
+    if (modemSearchRunning()) {
+        m_dialogs.message(QStringLiteral("The modem is still being looked for. Please try "
+                                         "again in a moment."));
+        return;
+    }
     // A port closed since the search is opened again on the port of the setup screen.
     if (!m_link->isOpen()) m_link->setDevice(ModemDevice(v.gModemPort));
     dialer->SetRecipient(name, number);
