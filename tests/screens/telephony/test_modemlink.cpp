@@ -280,8 +280,7 @@ void TestModemLink::leavingSetupSearchesOnlyWithoutAnOpenPort()
 {
     QFETCH(bool, silentAtStart);
     FakeModem modem;
-    if (silentAtStart)
-        modem.setMode(FakeModem::Mode::Silent);
+    if (silentAtStart) modem.setMode(FakeModem::Mode::Silent);
     Run run;
     const auto put = [&](const char* name, const QByteArray& bytes) {
         QFile f(run.folder.filePath(QString::fromLatin1(name)));
@@ -296,8 +295,7 @@ void TestModemLink::leavingSetupSearchesOnlyWithoutAnOpenPort()
     QVERIFY(app.Main());
     QVERIFY(waitForSearch(app));
     QCOMPARE(app.phoneFeaturesShown(), !silentAtStart);
-    if (!silentAtStart)
-        QTRY_VERIFY(modem.callerIdOn());
+    if (!silentAtStart) QTRY_VERIFY(modem.callerIdOn());
     const QStringList before = modem.commands();
 
     modem.setMode(FakeModem::Mode::Answering);
