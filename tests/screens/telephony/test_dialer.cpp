@@ -4,12 +4,18 @@
 
 #include "customers/customerfiles.h"
 #include "customers/frmcustomer.h"
+#include "history/frmcallback.h"
+#include "schedule/dayviewframe.h"
+#include "schedule/frmmain.h"
+#include "shell/menurules.h"
 #include "shell/app.h"
 #include "shell/screenframe.h"
 #include "telephony/frmdialer.h"
 #include "telephony/qtseriallink.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
+#include <QPlainTextEdit>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
@@ -60,6 +66,49 @@ QByteArray padded(const char* s, int width)
     return b + QByteArray(width - b.size(), ' ');
 }
 
+// An office with one customer, its modem on port 1, started as the program starts.
+struct Office {
+    FakeModem modem;
+    ProgramFolder f;
+    QTemporaryDir locks;
+    RecordingDesktop desktop;
+    std::unique_ptr<App> app;
+
+    Office()
+    {
+        f.put("MyBusinessData.txt", "\"Acme Heating\",\"12 Main Street\",\"\",\"Springfield\","
+                                    "\"IL\",\"62701\",\"217-555-0142\",\"\",\"\"\r\n");
+        f.put("Assignto.txt", "\"North Truck\"\r\n");
+        f.put("ProblemCode.txt", "\"No Heat\"\r\n");
+        f.put("CustomerData.txt",
+              padded("A-7", 20) + padded("Hill Bakery", 45) + padded("4 Oak Lane", 35) +
+                  padded("", 25) + padded("Dayton", 25) + padded("Dayton", 20) +
+                  padded("OH", 2) + padded("45402", 10) + padded("", 25) +
+                  padded("937-555-0100", 13) + padded("", 13) + padded("", 30) +
+                  padded("", 10) + padded("", 15) + padded("", 1) + padded("", 25) +
+                  padded("Business", 10) + QByteArray::fromHex("01000000"));
+        f.put("TresvaneDispatcherSettings.txt",
+              "8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n#FALSE#\r\n#FALSE#\r\n1\r\n1\r\n");
+        ResetContractDefaults(f.ctx);
+        WriteContract(f.ctx, 1);
+        WriteCycle(f.ctx, 1);
+    }
+    App& start()
+    {
+        app = std::make_unique<App>(f.root(), f.clock, f.dialogs, desktop);
+        app->setLockFolder(locks.path());
+        app->setModemDevices(
+            [this](int port) { return port == 1 ? modem.devicePath() : QString(); });
+        if (!app->Main())
+            qFatal("the program did not start");
+        QElapsedTimer t;
+        t.start();
+        while (app->modemSearchRunning() && t.elapsed() < 5000)
+            QTest::qWait(10);
+        return *app;
+    }
+};
+
 } // namespace
 
 class TestDialer : public QObject
@@ -83,6 +132,8 @@ private slots:
     void helpPanelToggles();
     void customerDialChoosesPhoneOrCell_data();
     void customerDialChoosesPhoneOrCell();
+    void otherScreensHandTheCallOver_data();
+    void otherScreensHandTheCallOver();
 };
 
 void TestDialer::dialSendsTheNumberAndHangsUp_data()
@@ -320,30 +371,10 @@ void TestDialer::customerDialChoosesPhoneOrCell()
     QFETCH(QString, cell);
     QFETCH(int, answer);
     QFETCH(QString, dialed);
-    FakeModem modem;
-    ProgramFolder f;
-    QTemporaryDir locks;
-    RecordingDesktop desktop;
-    f.put("MyBusinessData.txt", "\"Acme Heating\",\"12 Main Street\",\"\",\"Springfield\","
-                                "\"IL\",\"62701\",\"217-555-0142\",\"\",\"\"\r\n");
-    f.put("Assignto.txt", "\"North Truck\"\r\n");
-    f.put("ProblemCode.txt", "\"No Heat\"\r\n");
-    f.put("CustomerData.txt",
-          padded("A-7", 20) + padded("Hill Bakery", 45) + padded("4 Oak Lane", 35) +
-              padded("", 25) + padded("Dayton", 25) + padded("Dayton", 20) + padded("OH", 2) +
-              padded("45402", 10) + padded("", 25) + padded("937-555-0100", 13) + padded("", 13) +
-              padded("", 30) + padded("", 10) + padded("", 15) + padded("", 1) + padded("", 25) +
-              padded("Business", 10) + QByteArray::fromHex("01000000"));
-    f.put("TresvaneDispatcherSettings.txt",
-          "8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n#FALSE#\r\n#FALSE#\r\n1\r\n1\r\n");
-    ResetContractDefaults(f.ctx);
-    QVERIFY(WriteContract(f.ctx, 1).ok());
-    QVERIFY(WriteCycle(f.ctx, 1).ok());
-    App app(f.root(), f.clock, f.dialogs, desktop);
-    app.setLockFolder(locks.path());
-    app.setModemDevices([&](int port) { return port == 1 ? modem.devicePath() : QString(); });
-    QVERIFY(app.Main());
-    QTRY_VERIFY(!app.modemSearchRunning());
+    Office office;
+    ProgramFolder& f = office.f;
+    FakeModem& modem = office.modem;
+    App& app = office.start();
     QVERIFY(app.phoneFeaturesShown());
     app.OpenEntry(1);
     QVERIFY(app.customer && app.customer->isVisible());
@@ -364,6 +395,47 @@ void TestDialer::customerDialChoosesPhoneOrCell()
     // The customer was saved before the dial, with the cell typed in.
     QVERIFY(f.get("CustomerData.txt").contains(cell.trimmed().toLatin1()));
     app.ExitProgram();
+}
+
+void TestDialer::otherScreensHandTheCallOver_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<bool>("chained"); // a telephone behind the modem
+    QTest::addColumn<bool>("dialerShown");
+    QTest::newRow("reminder list, right click") << "reminders" << false << true;
+    QTest::newRow("hour label, telephone chained") << "hour" << true << true;
+    QTest::newRow("hour label, no telephone chained") << "hour" << false << false;
+}
+
+void TestDialer::otherScreensHandTheCallOver()
+{
+    QFETCH(QString, from);
+    QFETCH(bool, chained);
+    QFETCH(bool, dialerShown);
+    Office office;
+    office.f.put("Phone.txt", chained ? "#TRUE#\r\n1\r\n" : "#FALSE#\r\n1\r\n");
+    App& app = office.start();
+    QVERIFY(app.phoneFeaturesShown());
+    if (from == u"reminders") {
+        office.f.dialogs.expect("No Service Slips were found");
+        app.OpenEntry(MenuEntry::PlaceReminderCalls);
+        VERIFY_DIALOGS(office.f.dialogs);
+        QVERIFY(app.callBack);
+        emit app.callBack->callCustomer(QStringLiteral("937-555-0100"), QStringLiteral("Hill Bakery"));
+    } else {
+        app.OpenEntry(MenuEntry::DailyWorkSchedules);
+        QVERIFY(app.mainForm);
+        DayViewFrame* day = app.mainForm->fraDay;
+        day->txtHourSlot[3]->setToolTip(QStringLiteral("Hill Bakery"));
+        day->Label2[3]->setToolTip(QStringLiteral("937-555-0100"));
+        emit day->dialRequested(3);
+    }
+    QCOMPARE(app.dialer->isVisible(), dialerShown);
+    if (!dialerShown)
+        return;
+    QCOMPARE(app.dialer->lblName->text(), QStringLiteral("Hill Bakery"));
+    QCOMPARE(app.dialer->lblNumber->text(), QStringLiteral("937-555-0100"));
+    QVERIFY(app.dialer->isModal() || app.dialer->windowModality() == Qt::ApplicationModal);
 }
 
 QTEST_MAIN(TestDialer)
