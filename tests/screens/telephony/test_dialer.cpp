@@ -7,18 +7,18 @@
 #include "history/frmcallback.h"
 #include "schedule/dayviewframe.h"
 #include "schedule/frmmain.h"
-#include "shell/menurules.h"
 #include "shell/app.h"
+#include "shell/menurules.h"
 #include "shell/screenframe.h"
 #include "telephony/frmdialer.h"
 #include "telephony/qtseriallink.h"
 
 #include <QCheckBox>
 #include <QElapsedTimer>
-#include <QPlainTextEdit>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
@@ -82,11 +82,11 @@ struct Office {
         f.put("ProblemCode.txt", "\"No Heat\"\r\n");
         f.put("CustomerData.txt",
               padded("A-7", 20) + padded("Hill Bakery", 45) + padded("4 Oak Lane", 35) +
-                  padded("", 25) + padded("Dayton", 25) + padded("Dayton", 20) +
-                  padded("OH", 2) + padded("45402", 10) + padded("", 25) +
-                  padded("937-555-0100", 13) + padded("", 13) + padded("", 30) +
-                  padded("", 10) + padded("", 15) + padded("", 1) + padded("", 25) +
-                  padded("Business", 10) + QByteArray::fromHex("01000000"));
+                  padded("", 25) + padded("Dayton", 25) + padded("Dayton", 20) + padded("OH", 2) +
+                  padded("45402", 10) + padded("", 25) + padded("937-555-0100", 13) +
+                  padded("", 13) + padded("", 30) + padded("", 10) + padded("", 15) +
+                  padded("", 1) + padded("", 25) + padded("Business", 10) +
+                  QByteArray::fromHex("01000000"));
         f.put("TresvaneDispatcherSettings.txt",
               "8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n#FALSE#\r\n#FALSE#\r\n1\r\n1\r\n");
         ResetContractDefaults(f.ctx);
@@ -99,8 +99,7 @@ struct Office {
         app->setLockFolder(locks.path());
         app->setModemDevices(
             [this](int port) { return port == 1 ? modem.devicePath() : QString(); });
-        if (!app->Main())
-            qFatal("the program did not start");
+        if (!app->Main()) qFatal("the program did not start");
         QElapsedTimer t;
         t.start();
         while (app->modemSearchRunning() && t.elapsed() < 5000)
@@ -421,7 +420,8 @@ void TestDialer::otherScreensHandTheCallOver()
         app.OpenEntry(MenuEntry::PlaceReminderCalls);
         VERIFY_DIALOGS(office.f.dialogs);
         QVERIFY(app.callBack);
-        emit app.callBack->callCustomer(QStringLiteral("937-555-0100"), QStringLiteral("Hill Bakery"));
+        emit app.callBack->callCustomer(QStringLiteral("937-555-0100"),
+                                        QStringLiteral("Hill Bakery"));
     } else {
         app.OpenEntry(MenuEntry::DailyWorkSchedules);
         QVERIFY(app.mainForm);
@@ -431,8 +431,7 @@ void TestDialer::otherScreensHandTheCallOver()
         emit day->dialRequested(3);
     }
     QCOMPARE(app.dialer->isVisible(), dialerShown);
-    if (!dialerShown)
-        return;
+    if (!dialerShown) return;
     QCOMPARE(app.dialer->lblName->text(), QStringLiteral("Hill Bakery"));
     QCOMPARE(app.dialer->lblNumber->text(), QStringLiteral("937-555-0100"));
     QVERIFY(app.dialer->isModal() || app.dialer->windowModality() == Qt::ApplicationModal);
