@@ -129,6 +129,7 @@ private slots:
     void damagedSpeedNumbersAreToldNotLoaded_data();
     void damagedSpeedNumbersAreToldNotLoaded();
     void helpPanelToggles();
+    void portThatCannotBeOpenedIsTold();
     void customerDialChoosesPhoneOrCell_data();
     void customerDialChoosesPhoneOrCell();
     void otherScreensHandTheCallOver_data();
@@ -351,6 +352,19 @@ void TestDialer::helpPanelToggles()
     QTest::mouseClick(d.dialer.cmdHelp, Qt::LeftButton);
     QVERIFY(!d.dialer.fraHelp->isVisible());
     QCOMPARE(d.dialer.cmdHelp->text(), QStringLiteral("Show Help"));
+}
+
+void TestDialer::portThatCannotBeOpenedIsTold()
+{
+    ProgramFolder f;
+    QtSerialLink link;
+    link.setDevice(f.abs(QStringLiteral("ttyS2")));
+    frmDialer dialer(f.ctx, link);
+    dialer.Form_Activate();
+    QVERIFY2(dialer.lblStatus->text().startsWith(u"There is no serial device"),
+             qPrintable(dialer.lblStatus->text()));
+    QVERIFY(!dialer.cmdNewDial->isEnabled());
+    VERIFY_DIALOGS(f.dialogs);
 }
 
 void TestDialer::customerDialChoosesPhoneOrCell_data()
