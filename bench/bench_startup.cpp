@@ -19,6 +19,8 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
+#include <pty.h>
+#include <unistd.h>
 
 namespace
 {
@@ -100,5 +102,31 @@ int main(int argc, char* argv[])
 
     const double ms = MedianMs([&] { start(folder); }, 5);
     Report("start to splash", ms, FloorMs(folder, {"/CustomerData.txt"}, 5));
+
+    // The modem is looked for behind the splash: a serial device that never answers, or
+    // none at all, must not hold the start up.
+    auto startWithModem = [&](const QString& device) {
+        App app(folder, clock, dialogs, desktop);
+        app.setModemDevices([device](int port) { return port >= 1 ? device : QString(); });
+        if (!app.Main()) {
+            std::fprintf(stderr, "the program did not start\n");
+            std::exit(1);
+        }
+        QApplication::processEvents();
+    };
+    int master = -1, slave = -1;
+    char silent[256] = {};
+    if (::openpty(&master, &slave, silent, nullptr, nullptr) != 0) {
+        std::fprintf(stderr, "no pseudo-terminal for the silent modem\n");
+        return 1;
+    }
+    const QString silentDevice = QString::fromLocal8Bit(silent);
+    Report("start with silent modem", MedianMs([&] { startWithModem(silentDevice); }, 5),
+           FloorMs(folder, {"/CustomerData.txt"}, 5));
+    Report("start with no serial device",
+           MedianMs([&] { startWithModem(scratch.filePath(QStringLiteral("no-tty"))); }, 5),
+           FloorMs(folder, {"/CustomerData.txt"}, 5));
+    ::close(slave);
+    ::close(master);
     return 0;
 }

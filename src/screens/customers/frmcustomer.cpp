@@ -172,12 +172,12 @@ void frmCustomer::buildButtons()
         connect(Command1[i], &QPushButton::clicked, this, [this, i] { Command1_Click(i); });
     }
 
-    // Their places are kept; they open with the telephony and history screens.
+    // Its place is kept; it opens with the caller ID screens.
     fraCallBack = new QFrame(this);
     fraCallBack->setObjectName(QStringLiteral("fraCallBack"));
     fraCallBack->setVisible(false);
     imgDialer = button(QStringLiteral("&Dial"), QStringLiteral("imgDialer"));
-    imgDialer->setEnabled(false);
+    connect(imgDialer, &QPushButton::clicked, this, &frmCustomer::imgDialer_Click);
     cmdHistory = button(QStringLiteral("Service &History"), QStringLiteral("cmdHistory"));
 
     menuBar = new QMenuBar(this);
@@ -783,6 +783,27 @@ void frmCustomer::cmdExit_Click()
     }
     if (!UpdateCustomerRecord()) return;
     leaveToMenu();
+}
+
+void frmCustomer::imgDialer_Click()
+{
+    const TelephoneCheck phone = CheckTelephone(boxes(), c.dialogs);
+    if (!phone.passed) {
+        if (phone.leaveToMenu)
+            leaveToMenu();
+        else
+            txtCustomer[CustomerBox::Phone]->setFocus();
+        return;
+    }
+    if (!UpdateCustomerRecord()) return;
+    const QString telephone = txtCustomer[CustomerBox::Phone]->text().trimmed();
+    const QString cell = txtCustomer[CustomerBox::Cell]->text().trimmed();
+    QString number = telephone.isEmpty() ? cell : telephone;
+    if (!telephone.isEmpty() && !cell.isEmpty() &&
+        !c.dialogs.ask(QStringLiteral("Click YES to dial Phone,\nClick NO to dial Cell"),
+                       QStringLiteral("Select Phone or Cell")))
+        number = cell;
+    emit dialRequested(CurrentCustomer, number);
 }
 
 bool frmCustomer::eventFilter(QObject* watched, QEvent* event)

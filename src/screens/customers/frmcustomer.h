@@ -51,8 +51,8 @@ public:
     // 0 search panel, 1 name list, 2 back from the name list, 3 the complete list.
     std::array<QPushButton*, 4> Command1{};
     QComboBox* cboAccounts;
-    // The places of the stored-call panel and the dialer, which come with the telephony
-    // screens, and the service history of the account.
+    // The place of the stored-call panel, which comes with the caller ID screens; the dial
+    // button, hidden without a modem; the service history of the account.
     QFrame* fraCallBack;
     QPushButton* imgDialer;
     QPushButton* cmdHistory;
@@ -89,6 +89,8 @@ public:
     void cmdCancelNew_Click();
     void cmdSelect_Click();
     void cmdExit_Click();
+    // The dial button: the account saved first, then the dialer for its phone or cell.
+    void imgDialer_Click();
     void Command1_Click(int index);
     void mnuAdd_Click();
     void mnuAux_Click();
@@ -116,6 +118,8 @@ signals:
     void customerSelected();
     // The service history of the account on the screen, shown over this screen.
     void showHistory(const QString& account);
+    // The dialer, for this name and number.
+    void dialRequested(const QString& name, const QString& number);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

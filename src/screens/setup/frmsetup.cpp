@@ -145,6 +145,15 @@ void frmSetup::showSettings()
     printing->ckColor->setChecked(c.v.settings.ckColor == 1);
 }
 
+void frmSetup::ShowModem(qint16 port, bool found, const QString& text)
+{
+    const bool clean = CaptureControls(this) == m_unchanged;
+    operations->txtModemPort->setText(QString::number(port));
+    operations->lblModem->setText(text);
+    operations->setPhoneFeatures(found);
+    if (clean) m_unchanged = CaptureControls(this);
+}
+
 void frmSetup::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);

@@ -61,6 +61,9 @@ public:
     void Form_Activate();
     // The controls bound to the settings, from the settings in memory.
     void showSettings();
+    // What the modem search found: the port shown, and the phone settings open or closed.
+    // Leaves the screen's unsaved edits as they were.
+    void ShowModem(qint16 port, bool found, const QString& text);
     // Tab 5 open with the Repair style, tab 7 with the Service Order style.
     void EnableInvoiceTabs();
     void Image1_Click();

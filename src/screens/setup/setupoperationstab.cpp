@@ -5,9 +5,13 @@
 #include "store/dispatchingvariables.h"
 #include "store/numbering.h"
 #include "store/settingsfiles.h"
+#include "store/store.h"
+#include "telephony/modemsettings.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -96,12 +100,34 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
     ckAlarms = named(new QCheckBox(QStringLiteral("Sound Alarm on Errors"), phone), "ckAlarms");
     ckPrompts = named(new QCheckBox(QStringLiteral("Show Prompts and Confirmations"), phone),
                       "ckPrompts");
+    auto* modem = new QGroupBox(QStringLiteral("Modem"), phone);
+    txtModemPort = named(new QLineEdit(modem), "txtModemPort");
+    txtModemPort->setMaximumWidth(60);
+    txtModemPort->setToolTip(QStringLiteral("The modem's COM port number: 1 is /dev/ttyS0"));
+    cboModemDevice = named(new QComboBox(modem), "cboModemDevice");
+    cboModemDevice->setEditable(true);
+    cboModemDevice->setToolTip(
+        QStringLiteral("A serial device such as /dev/ttyACM0; empty: the COM port number"));
+    lblModem = named(new QLabel(modem), "lblModem");
+    auto* modemLayout = new QFormLayout(modem);
+    modemLayout->addRow(QStringLiteral("COM Port #"), txtModemPort);
+    modemLayout->addRow(QStringLiteral("Modem Device"), cboModemDevice);
+    modemLayout->addRow(lblModem);
+    fraPhone = named(new QGroupBox(QStringLiteral("Telephone"), phone), "fraPhone");
+    auto* telephoneLayout = new QVBoxLayout(fraPhone);
+    for (QWidget* w : std::initializer_list<QWidget*>{ckPhone, ckCallerID, lblCallID})
+        telephoneLayout->addWidget(w);
     auto* phoneLayout = new QVBoxLayout(phone);
-    for (QWidget* w : std::initializer_list<QWidget*>{ckPhone, ckCallerID, lblCallID, ckAlarms,
-                                                      ckPrompts})
+    for (QWidget* w : std::initializer_list<QWidget*>{modem, fraPhone, ckAlarms, ckPrompts})
         phoneLayout->addWidget(w);
     phoneLayout->addStretch(1);
     tabSub->addTab(phone, QStringLiteral("Phone and Alerts"));
+    // Tab runs down the sub-tab as it reads: the modem first, then the telephone and alerts.
+    QWidget::setTabOrder(txtModemPort, cboModemDevice);
+    QWidget::setTabOrder(cboModemDevice, ckPhone);
+    QWidget::setTabOrder(ckPhone, ckCallerID);
+    QWidget::setTabOrder(ckCallerID, ckAlarms);
+    QWidget::setTabOrder(ckAlarms, ckPrompts);
 
     // 3: slip numbering
     auto* slips = new QWidget;
@@ -191,6 +217,11 @@ void SetupOperationsTab::loadFromSettings()
     ckSize->setText(sizeCaption(s.ckSize == 1));
     ckPhone->setChecked(s.ckPhone == 1);
     ckCallerID->setChecked(s.ckCallerID == 1);
+    txtModemPort->setText(QString::number(c.v.gModemPort));
+    cboModemDevice->clear();
+    cboModemDevice->addItem(QString());
+    cboModemDevice->addItems(SerialDevicesOnSystem());
+    cboModemDevice->setCurrentText(ConfiguredModemDevice(c.store.baseName()));
     lblCallID->setVisible(s.lblCallIDVisible);
     ckAlarms->setChecked(s.ckAlarms == 1);
     ckPrompts->setChecked(s.ckPrompts == 1);
@@ -210,10 +241,28 @@ void SetupOperationsTab::storeToSettings()
     s.ckSize = ckSize->isChecked() ? 1 : 0;
     s.ckPhone = ckPhone->isChecked() ? 1 : 0;
     s.ckCallerID = ckCallerID->isChecked() ? 1 : 0;
+    // A port number the user typed is the one stored; anything else leaves it as it was.
+    bool number = false;
+    const int port = txtModemPort->text().trimmed().toInt(&number);
+    if (number && port >= 0 && port <= 16) c.v.gModemPort = qint16(port);
+    txtModemPort->setText(QString::number(c.v.gModemPort));
+    const QString device = cboModemDevice->currentText().trimmed();
+    if (device != ConfiguredModemDevice(c.store.baseName()))
+        SetConfiguredModemDevice(c.store.baseName(), device);
     s.ckAlarms = ckAlarms->isChecked() ? 1 : 0;
     s.ckPrompts = ckPrompts->isChecked() ? 1 : 0;
     s.ckSlipStyle = ckSlipStyle->isChecked() ? 1 : 0;
     s.txtNextSlip = txtNextSlip->text();
+}
+
+int SetupOperationsTab::phoneTabIndex() const
+{
+    return tabSub->indexOf(fraPhone->parentWidget());
+}
+
+void SetupOperationsTab::setPhoneFeatures(bool shown)
+{
+    fraPhone->setEnabled(shown);
 }
 
 void SetupOperationsTab::setServiceOrderAvailable(bool available)

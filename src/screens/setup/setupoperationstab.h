@@ -7,6 +7,7 @@
 #include <array>
 
 class QCheckBox;
+class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -35,7 +36,12 @@ public:
     // Sub-tab 1
     std::array<QRadioButton*, 3> optServiceInvoice;
     QCheckBox* ckSize;
-    // Sub-tab 2
+    // Sub-tab 2. fraPhone holds what needs a modem and is disabled without one; the modem's
+    // port and device stay open, so a modem not found can be pointed to.
+    QGroupBox* fraPhone;
+    QLineEdit* txtModemPort;
+    QComboBox* cboModemDevice;
+    QLabel* lblModem;
     QCheckBox* ckPhone;
     QCheckBox* ckCallerID;
     QLabel* lblCallID;
@@ -50,6 +56,10 @@ public:
     // Controls from the settings in memory, and back.
     void loadFromSettings();
     void storeToSettings();
+    // The index of the sub-tab with the phone settings.
+    int phoneTabIndex() const;
+    // The settings that need a modem open (one was found) or closed.
+    void setPhoneFeatures(bool shown);
     // Whether the Service Order style can be chosen (its catalogue exists).
     void setServiceOrderAvailable(bool available);
 

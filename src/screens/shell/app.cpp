@@ -12,9 +12,11 @@
 #include "store/purge.h"
 #include "screenframe.h"
 #include "unsavededits.h"
+#include "schedule/dayviewframe.h"
 #include "schedule/frmmain.h"
 #include "setup/frmsetup.h"
 #include "setup/setupassignmentstab.h"
+#include "setup/setupoperationstab.h"
 #include "setup/setupproblemstab.h"
 #include "sliprecords/frmcallrecord.h"
 #include "shell/datafilecheck.h"
@@ -24,20 +26,28 @@
 #include "store/clock.h"
 #include "store/numbering.h"
 #include "store/settingsfiles.h"
+#include "telephony/frmdialer.h"
+#include "telephony/modemsettings.h"
+#include "telephony/qtseriallink.h"
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTimer>
 
 App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
          QObject* parent)
     : QObject(parent), store(programFolder), ctx{store, clock, dialogs, v}, m_clock(clock),
-      m_dialogs(dialogs), m_desktop(desktop)
+      m_dialogs(dialogs), m_desktop(desktop), m_link(std::make_unique<QtSerialLink>())
 {
 }
 
 App::~App()
 {
+    delete m_probe;
+    delete dialer.data();
     for (const QPointer<QWidget>& screen : m_working)
         delete screen.data();
     delete startup.data();
@@ -164,8 +174,14 @@ bool App::Main()
     setup = new frmSetup(ctx);
     ScreenFrame::attach(setup, store.baseName(), [this] { closeBox(setup); });
     connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
-    if (Fatal(setup->Form_Load(m_detectedModemPort)))
-        return false;
+    // Leaving setup searches again when there is no modem yet: the user may have named its
+    // device. An open port is the modem in use and is left alone.
+    connect(setup, &frmSetup::showMenu, this, [this] {
+        if (!m_link->isOpen()) DetectModem();
+    });
+    if (Fatal(setup->Form_Load(0))) return false;
+    // Until the modem has answered, nothing offers to dial.
+    ShowPhoneFeatures(false);
     // 5. The splash, on screen at once.
     CreateSplash();
     splash->show();
@@ -177,6 +193,9 @@ bool App::Main()
         return false;
     // 8. The aux folders, a few milliseconds per turn of the event loop.
     RepairAuxFoldersInSlices();
+    // 9. The modem, searched for behind the splash.
+    dialer = new frmDialer(ctx, *m_link);
+    DetectModem();
     return true;
 }
 
@@ -298,6 +317,8 @@ void App::OpenEntry(int index)
             callBack = new frmCallBack(ctx);
             Adopt(callBack);
             connect(callBack, &frmCallBack::showMenu, this, &App::ShowMenu);
+            connect(callBack, &frmCallBack::callCustomer, this,
+                    [this](const QString& tel, const QString& name) { ShowDialer(name, tel); });
         }
         v.Mode = qint16(index + 1);
         Bring(callBack.data());
@@ -322,6 +343,8 @@ void App::OpenCustomer(int index)
         connect(customer, &frmCustomer::showMenu, this, &App::ShowMenu);
         connect(customer, &frmCustomer::customerSelected, this, &App::CustomerSelected);
         connect(customer, &frmCustomer::showHistory, this, &App::ShowHistoryForCustomer);
+        connect(customer, &frmCustomer::dialRequested, this, &App::ShowDialer);
+        ShowPhoneFeatures(m_phoneFeatures);
     }
     v.Mode = qint16(index + 1);
     Bring(customer.data());
@@ -349,6 +372,13 @@ frmMain* App::MainForm()
         mainForm = new frmMain(ctx, m_desktop);
         Adopt(mainForm);
         connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
+        // An hour label with a telephone behind it dials that customer, named by the hour's
+        // hover text, when a telephone is chained behind the modem.
+        connect(mainForm->fraDay, &DayViewFrame::dialRequested, this, [this](int slot) {
+            if (!v.gPhoneChained || !mainForm) return;
+            ShowDialer(mainForm->fraDay->txtHourSlot[slot]->toolTip(),
+                       mainForm->fraDay->Label2[slot]->toolTip());
+        });
         connect(mainForm, &frmMain::problemCodesChanged, this, [this] {
             if (setup)
                 setup->problems->LoadProblems();
@@ -391,6 +421,78 @@ void App::ShowHistoryForCustomer(const QString& account)
     history->raise();
     history->activateWindow();
     history->Form_Activate();
+}
+
+QString App::ModemDevice(int port) const
+{
+    if (m_modemDevices) return m_modemDevices(port);
+    return ModemDeviceForPort(port, ConfiguredModemDevice(store.baseName()));
+}
+
+bool App::modemSearchRunning() const
+{
+    return m_probe && m_probe->running();
+}
+
+void App::DetectModem()
+{
+    if (modemSearchRunning() || m_exited) return;
+    if (!m_probe) {
+        m_probe = new ModemProbe(
+            *m_link, [this](int port) { return ModemDevice(port); }, this);
+        connect(m_probe, &ModemProbe::finished, this, &App::ModemFound);
+    }
+    m_probe->start();
+}
+
+void App::ModemFound(qint16 port)
+{
+    if (m_exited) return;
+    const bool found = port != 0;
+    m_detectedModemPort = port;
+    // A port kept in Phone.txt is the one the program goes on with; the line stays on the
+    // device that answered.
+    if (found && !store.FileExists(QStringLiteral("/Phone.txt"))) v.gModemPort = port;
+    const QString text = ModemPortText(port, found);
+    if (dialer) {
+        dialer->Text1->setText(text);
+        dialer->Label2_3->setText(ComPortCaption(found ? port : v.gModemPort));
+    }
+    if (setup) setup->ShowModem(found ? port : v.gModemPort, found, text);
+    if (found) {
+        m_link->setDevice(ModemDevice(port));
+        if (!SwitchCallerIdOn(*m_link)) {
+            ShowPhoneFeatures(false);
+            return;
+        }
+    }
+    ShowPhoneFeatures(found);
+}
+
+void App::ShowPhoneFeatures(bool shown)
+{
+    m_phoneFeatures = shown;
+    if (customer) customer->imgDialer->setVisible(shown);
+    if (setup) setup->operations->setPhoneFeatures(shown);
+}
+
+void App::ShowDialer(const QString& name, const QString& number)
+{
+    if (!dialer) return;
+    // While the search runs the line is on a device being tried, not yet the modem's.
+    if (modemSearchRunning()) {
+        m_dialogs.message(QStringLiteral("The modem is still being looked for. Please try "
+                                         "again in a moment."));
+        return;
+    }
+    // A port closed since the search is opened again on the port of the setup screen.
+    if (!m_link->isOpen()) m_link->setDevice(ModemDevice(v.gModemPort));
+    dialer->SetRecipient(name, number);
+    dialer->setWindowModality(Qt::ApplicationModal);
+    dialer->show();
+    dialer->raise();
+    dialer->activateWindow();
+    dialer->Form_Activate();
 }
 
 void App::Adopt(QWidget* screen)
@@ -483,7 +585,9 @@ void App::ExitProgram()
         m_dialogs.message(s.message());
     // Every screen goes, the last made first. They are deleted once control has left the
     // handler that brought us here, which may belong to one of them.
-    QList<QWidget*> screens{startup.data(), splash.data(), setup};
+    if (m_probe) m_probe->disconnect(this);
+    m_link->close();
+    QList<QWidget*> screens{startup.data(), splash.data(), setup, dialer.data()};
     for (const QPointer<QWidget>& screen : m_working)
         screens.append(screen.data());
     for (QWidget* screen : screens) {

@@ -4,6 +4,7 @@
 #include "store/folderlock.h"
 #include "store/dispatchingvariables.h"
 #include "store/store.h"
+#include "telephony/modemprobe.h"
 
 #include <QList>
 #include <QObject>
@@ -16,6 +17,8 @@ class Desktop;
 class Dialogs;
 class frmCallRecord;
 class frmCustomer;
+class frmDialer;
+class SerialLink;
 class frmMain;
 class frmCallBack;
 class frmHistory;
@@ -62,9 +65,22 @@ public:
     // The history of one account, over the customer screen; its return goes back there.
     void ShowHistoryForCustomer(const QString& account);
 
-    // The port the modem answered on at start, 0 for none; the modem probe comes with the
-    // telephony screens.
-    void setDetectedModemPort(qint16 port) { m_detectedModemPort = port; }
+    // The serial device behind each modem port number. By default port n is /dev/ttyS<n-1>
+    // or the device the user named for the modem; a test points the ports at its fake modem.
+    void setModemDevices(ModemProbe::DeviceForPort deviceFor)
+    {
+        m_modemDevices = std::move(deviceFor);
+    }
+    // The one line to the modem, shared by everything that speaks to it.
+    SerialLink& serialLink() { return *m_link; }
+    // The modem search runs behind the splash; true until it has ended.
+    bool modemSearchRunning() const;
+    // The port the modem answered on, 0 for none.
+    qint16 detectedModemPort() const { return m_detectedModemPort; }
+    // Whether the features that need a modem are on show.
+    bool phoneFeaturesShown() const { return m_phoneFeatures; }
+    // The dialer, modal, for this name and number.
+    void ShowDialer(const QString& name, const QString& number);
     // The single-instance lock is TresvaneDispatcher.lock in the program folder; a test
     // that compares the folder's files byte by byte keeps it in a folder of its own.
     void setLockFolder(const QString& folder) { m_lockFolder = folder; }
@@ -89,6 +105,7 @@ public:
     QPointer<frmCallRecord> callRecord;
     QPointer<frmCallBack> callBack;
     QPointer<frmHistory> history;
+    QPointer<frmDialer> dialer;
     // Printing allowed by the user although the sibling planner program is present; kept
     // for the whole run while the menu comes and goes.
     bool PrintEnabled = false;
@@ -120,6 +137,12 @@ private:
     // show, if any, are saved or given up. Cancel keeps the program running.
     void closeBox(QWidget* screen);
     frmHistory* MakeHistory();
+    // The modem search, and what it found shown on the dialer and the setup screen.
+    void DetectModem();
+    void ModemFound(qint16 port);
+    // The dial pictures and the phone settings, shown or hidden by whether there is a modem.
+    void ShowPhoneFeatures(bool shown);
+    QString ModemDevice(int port) const;
 
     const Clock& m_clock;
     Dialogs& m_dialogs;
@@ -128,6 +151,10 @@ private:
     std::unique_ptr<AuxFolderRepair> m_auxRepair;
     QList<QPointer<QWidget>> m_working;
     QString m_lockFolder;
+    std::unique_ptr<SerialLink> m_link;
+    ModemProbe::DeviceForPort m_modemDevices;
+    ModemProbe* m_probe = nullptr;
     qint16 m_detectedModemPort = 0;
+    bool m_phoneFeatures = false;
     bool m_exited = false;
 };

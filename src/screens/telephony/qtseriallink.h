@@ -1,0 +1,28 @@
+#pragma once
+
+#include "shell/seriallink.h"
+
+class QSerialPort;
+
+// The modem's serial line through QSerialPort.
+class QtSerialLink final : public SerialLink
+{
+    Q_OBJECT
+public:
+    explicit QtSerialLink(QObject* parent = nullptr);
+    ~QtSerialLink() override;
+
+    void setDevice(const QString& device) override;
+    QString device() const override;
+    [[nodiscard]] Status open() override;
+    void close() override;
+    bool isOpen() const override;
+    void send(const QByteArray& bytes) override;
+    QByteArray readAll() override;
+    qint64 bytesWaiting() const override;
+    void clear() override;
+
+private:
+    QSerialPort* m_port;
+    QString m_device;
+};
