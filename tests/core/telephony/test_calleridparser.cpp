@@ -1,0 +1,101 @@
+#include "telephony/calleridparser.h"
+
+#include <QTest>
+
+// Reports are given as lines joined by " / " and framed here with CR LF, as a modem does.
+static QByteArray framed(const char* lines)
+{
+    QByteArray out = "\r\n";
+    for (const QByteArray& line : QByteArray(lines).split('/'))
+        out += line.trimmed() + "\r\n";
+    return out;
+}
+
+class TestCallerIdParser : public QObject
+{
+    Q_OBJECT
+private slots:
+    void reports_data()
+    {
+        QTest::addColumn<QByteArray>("input");
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QStringList>("numbers");
+
+        QTest::newRow("rings around a nine-digit number")
+            << framed("RING / DATE = 0321 / TIME = 1405 / NMBR = 504551234 / NAME = A N OTHER "
+                      "/ RING / RING")
+            << QStringList{"A N OTHER"} << QStringList{"504551234"};
+        QTest::newRow("ten digits")
+            << framed("DATE = 1015 / TIME = 2038 / NMBR = 8475550001 / NAME = U.S.ROBOTICS")
+            << QStringList{"U.S.ROBOTICS"} << QStringList{"847-555-0001"};
+        QTest::newRow("no name, ended by a ring")
+            << framed("DATE = 1015 / TIME = 2038 / NMBR = 8475550001 / RING") << QStringList{""}
+            << QStringList{"847-555-0001"};
+        QTest::newRow("no name, ended by silence")
+            << framed("DATE = 1015 / TIME = 2038 / NMBR = 8475550001") << QStringList{""}
+            << QStringList{"847-555-0001"};
+        QTest::newRow("no blanks, withheld number dropped")
+            << framed("DATE=1203 / TIME=1452 / NMBR=0755555555") << QStringList{} << QStringList{};
+        QTest::newRow("name first, out of area, DDN_NMBR")
+            << framed("NAME = O / DDN_NMBR= 9196278340") << QStringList{"Out of Area"}
+            << QStringList{"919-627-8340"};
+        QTest::newRow("private") << framed("NMBR = P / NAME = P") << QStringList{"Private"}
+                                 << QStringList{""};
+        QTest::newRow("raw hex line ignored")
+            << framed("80200108303332313134303502073530343535313233340708412N204F54484552")
+            << QStringList{} << QStringList{};
+        QTest::newRow("too few digits")
+            << framed("NMBR = 555123 / NAME = SHORT") << QStringList{} << QStringList{};
+        QTest::newRow("ring in the name dropped")
+            << framed("NMBR = 8475550001 / NAME = RING") << QStringList{} << QStringList{};
+        QTest::newRow("long name cut to the record's width")
+            << framed("NMBR = 18475550001 / NAME = A VERY LONG CALLER NAME")
+            << QStringList{"A VERY LONG CAL"} << QStringList{"847-555-0001"};
+        QTest::newRow("two reports back to back")
+            << framed("NMBR = 8475550001 / NAME = FIRST / NMBR = 9196278340 / NAME = SECOND")
+            << QStringList{"FIRST", "SECOND"} << QStringList{"847-555-0001", "919-627-8340"};
+        QTest::newRow("a tag again starts the next report")
+            << framed("NMBR = 8475550001 / DATE = 0101 / NMBR = 9196278340 / NAME = SECOND")
+            << QStringList{"", "SECOND"} << QStringList{"847-555-0001", "919-627-8340"};
+    }
+
+    // Every report, cut at every byte into two reads, gives the same calls, and no field
+    // ever carries a line end.
+    void reports()
+    {
+        QFETCH(QByteArray, input);
+        QFETCH(QStringList, names);
+        QFETCH(QStringList, numbers);
+        for (qsizetype cut = 0; cut <= input.size(); ++cut) {
+            CallerIdParser parser;
+            QList<CallerIdReport> got = parser.feed(input.left(cut));
+            got += parser.feed(input.mid(cut));
+            got += parser.endOfInput();
+            QStringList gotNames, gotNumbers;
+            for (const CallerIdReport& r : got) {
+                gotNames << r.name;
+                gotNumbers << r.number;
+                QVERIFY(!r.name.contains(QLatin1Char('\r')) && !r.name.contains(QLatin1Char('\n')));
+                QVERIFY(!r.number.contains(QLatin1Char('\r')));
+            }
+            QVERIFY2(gotNames == names && gotNumbers == numbers,
+                     qPrintable(QStringLiteral("cut at %1: %2 / %3")
+                                    .arg(cut)
+                                    .arg(gotNames.join(QLatin1Char('|')),
+                                         gotNumbers.join(QLatin1Char('|')))));
+        }
+    }
+
+    // A report is handed out only once it is whole: half a NAME line is not yet a name.
+    void waitsForTheWholeReport()
+    {
+        CallerIdParser parser;
+        QVERIFY(parser.feed("NMBR = 8475550001\r\nNAME = U.S.ROB").isEmpty());
+        const QList<CallerIdReport> got = parser.feed("OTICS\r\n");
+        QCOMPARE(got.size(), 1);
+        QCOMPARE(got[0].name, QStringLiteral("U.S.ROBOTICS"));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestCallerIdParser)
+#include "test_calleridparser.moc"
