@@ -76,7 +76,7 @@ void FakeModem::handle(const QByteArray& line)
     m_commands << command;
     bool known = true;
     if (command == u"AT#CID=1")
-        m_cid = true;
+        known = m_cid = m_cidSupported;
     else if (command == u"AT#CID=0" || command == u"AT#CID=0;")
         m_cid = false;
     else if (command != u"AT" && command != u"ATH" && !command.startsWith(u"ATDT"))

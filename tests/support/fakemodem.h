@@ -41,6 +41,8 @@ public:
     // Only the dial and hang-up commands.
     QStringList calls() const;
     bool callerIdOn() const { return m_cid; }
+    // A modem without caller ID answers ERROR to "AT#CID=1".
+    void setCallerIdSupported(bool supported) { m_cidSupported = supported; }
     // Writes bytes to the program as if the modem had sent them unasked.
     void say(const QByteArray& bytes);
 
@@ -64,4 +66,5 @@ private:
     bool m_split = false;
     int m_splitMs = 50;
     bool m_cid = false;
+    bool m_cidSupported = true;
 };

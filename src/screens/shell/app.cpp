@@ -26,6 +26,7 @@
 #include "store/clock.h"
 #include "store/numbering.h"
 #include "store/settingsfiles.h"
+#include "telephony/frmcallid.h"
 #include "telephony/frmdialer.h"
 #include "telephony/modemsettings.h"
 #include "telephony/qtseriallink.h"
@@ -274,6 +275,7 @@ bool App::EntryBuilt(int index) const
     case MenuEntry::StoredSlips:
     case MenuEntry::PlaceReminderCalls:
     case MenuEntry::ServiceHistory:
+    case MenuEntry::UnattendedMonitoring:
         return true;
     default:
         return false;
@@ -322,6 +324,21 @@ void App::OpenEntry(int index)
         }
         v.Mode = qint16(index + 1);
         Bring(callBack.data());
+        break;
+    case MenuEntry::UnattendedMonitoring:
+        if (!callId) {
+            callId = new frmCallID(ctx, *m_link);
+            Adopt(callId);
+            connect(callId, &frmCallID::showMenu, this, &App::ShowMenu);
+            connect(callId, &frmCallID::dialRequested, this, &App::ShowDialer);
+            // The dialer had the port; the monitor takes it back when the dialer goes.
+            connect(dialer, &frmDialer::hidden, callId, [this] {
+                if (callId && callId->isVisible()) callId->Form_Activate();
+            });
+        }
+        if (!m_link->isOpen()) m_link->setDevice(ModemDevice(v.gModemPort));
+        v.Mode = qint16(index + 1);
+        Bring(callId.data());
         break;
     case MenuEntry::ServiceHistory:
         MakeHistory();

@@ -21,6 +21,7 @@ class frmDialer;
 class SerialLink;
 class frmMain;
 class frmCallBack;
+class frmCallID;
 class frmHistory;
 class frmSetup;
 class frmSplash;
@@ -104,6 +105,7 @@ public:
     QPointer<frmStartup> startup;
     QPointer<frmCallRecord> callRecord;
     QPointer<frmCallBack> callBack;
+    QPointer<frmCallID> callId;
     QPointer<frmHistory> history;
     QPointer<frmDialer> dialer;
     // Printing allowed by the user although the sibling planner program is present; kept

@@ -252,6 +252,12 @@ void frmDialer::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
+void frmDialer::hideEvent(QHideEvent* event)
+{
+    QDialog::hideEvent(event);
+    emit hidden();
+}
+
 void frmDialer::ckDial1_Click()
 {
     const QString number = lblNumber->text();

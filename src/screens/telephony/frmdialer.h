@@ -70,8 +70,13 @@ public:
 public slots:
     void reject() override;
 
+signals:
+    // The dialer has gone from the screen, however it was closed.
+    void hidden();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void bytesArrived();

@@ -63,7 +63,11 @@ Status QtSerialLink::open()
 
 void QtSerialLink::close()
 {
-    if (m_port->isOpen()) m_port->close();
+    if (!m_port->isOpen()) return;
+    // A command sent just before closing (caller ID off, hang up) still reaches the modem:
+    // closing would throw away what is waiting to be written.
+    if (m_port->bytesToWrite() > 0) m_port->waitForBytesWritten(kCloseFlushMs);
+    m_port->close();
 }
 
 bool QtSerialLink::isOpen() const

@@ -11,6 +11,8 @@ class QtSerialLink final : public SerialLink
 public:
     explicit QtSerialLink(QObject* parent = nullptr);
     ~QtSerialLink() override;
+    // How long closing may wait for bytes still to be written.
+    static constexpr int kCloseFlushMs = 200;
 
     void setDevice(const QString& device) override;
     QString device() const override;
