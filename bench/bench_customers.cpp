@@ -7,6 +7,7 @@
 #include "customers/customerrecords.h"
 #include "customers/customersearch.h"
 #include "store/store.h"
+#include "telephony/storedcalls.h"
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -32,8 +33,27 @@ int main(int argc, char* argv[])
     const double list = MedianMs([&] { entries = ReadAccountList(store)->accounts.size(); });
     Report("customer list", list, floor);
 
+    // The call monitor reads every customer's telephone and cell once when it comes up,
+    // then tells at each call whether the caller is a customer.
+    CallerDirectory directory;
+    const double load =
+        MedianMs([&] { directory.load(store.ReadAll(CustomerFileName()).valueOr({})); });
+    Report("caller load", load, floor);
+    QStringList numbers;
+    for (qint32 i = 1; i <= last; i += last / 100 + 1)
+        numbers << CustomerRecord(*store.ReadRecordAt(CustomerFileName(), kCustomerRecordLength, i))
+                       .text(CustomerField::Phone);
+    numbers << QStringLiteral("999-999-9999"); // no one's
+    qsizetype known = 0;
+    const double lookups = MedianMs([&] {
+        known = 0;
+        for (const QString& number : numbers)
+            known += directory.isCustomer(number) ? 1 : 0;
+    });
+    Report("caller lookup", lookups / numbers.size(), floor);
+
     std::fprintf(stderr, "%lld accounts, %lld search hits, %lld list entries\n",
                  static_cast<long long>(last), static_cast<long long>(hits),
                  static_cast<long long>(entries));
-    return hits == 0 || entries != last;
+    return hits == 0 || entries != last || known == 0 || directory.customerCount() != last;
 }
