@@ -171,11 +171,11 @@ void frmCallID::Tick()
     const QList<CallerIdReport> calls =
         bytes.isEmpty() ? m_parser.endOfInput() : m_parser.feed(bytes);
     for (const CallerIdReport& call : calls)
-        Store(call);
+        StoreCall(call);
     if (m_link.isOpen()) m_timer.start(m_laterMs);
 }
 
-void frmCallID::Store(const CallerIdReport& call)
+void frmCallID::StoreCall(const CallerIdReport& call)
 {
     const QString time = StoredCalls::TimeText(c.clock.now().time());
     const Result<qint32> stored = StoredCalls::Append(c.store, call, time);

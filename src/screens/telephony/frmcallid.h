@@ -74,7 +74,7 @@ protected:
 
 private:
     void Tick();
-    void Store(const CallerIdReport& call);
+    void StoreCall(const CallerIdReport& call);
     void ShowCall(int callNo);
 
     CoreContext& c;
