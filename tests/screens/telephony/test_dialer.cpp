@@ -90,8 +90,8 @@ struct Office {
         f.put("TresvaneDispatcherSettings.txt",
               "8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n#FALSE#\r\n#FALSE#\r\n1\r\n1\r\n");
         ResetContractDefaults(f.ctx);
-        WriteContract(f.ctx, 1);
-        WriteCycle(f.ctx, 1);
+        QVERIFY(WriteContract(f.ctx, 1).ok());
+        QVERIFY(WriteCycle(f.ctx, 1).ok());
     }
     App& start()
     {
