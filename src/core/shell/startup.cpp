@@ -107,6 +107,10 @@ Status AuxFolderRepair::prepare()
     m_auxRoot = store.path(kAuxFiles);
     m_present.clear();
     m_isPlainFile.clear();
+    // Room for every account up front: growing a table of tens of thousands of names in
+    // the middle of a slice would hold the user for that long.
+    m_present.reserve(m_count + 64);
+    m_isPlainFile.reserve(m_count + 64);
     QDirIterator it(m_auxRoot, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     while (it.hasNext()) {
         it.next();
