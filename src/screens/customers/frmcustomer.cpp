@@ -771,7 +771,7 @@ void frmCustomer::cmdSelect_Click()
     }
 }
 
-void frmCustomer::cmdExit_Click()
+bool frmCustomer::CheckTelephoneAndSave()
 {
     const TelephoneCheck phone = CheckTelephone(boxes(), c.dialogs);
     if (!phone.passed) {
@@ -779,23 +779,20 @@ void frmCustomer::cmdExit_Click()
             leaveToMenu();
         else
             txtCustomer[CustomerBox::Phone]->setFocus();
-        return;
+        return false;
     }
-    if (!UpdateCustomerRecord()) return;
+    return UpdateCustomerRecord();
+}
+
+void frmCustomer::cmdExit_Click()
+{
+    if (!CheckTelephoneAndSave()) return;
     leaveToMenu();
 }
 
 void frmCustomer::imgDialer_Click()
 {
-    const TelephoneCheck phone = CheckTelephone(boxes(), c.dialogs);
-    if (!phone.passed) {
-        if (phone.leaveToMenu)
-            leaveToMenu();
-        else
-            txtCustomer[CustomerBox::Phone]->setFocus();
-        return;
-    }
-    if (!UpdateCustomerRecord()) return;
+    if (!CheckTelephoneAndSave()) return;
     const QString telephone = txtCustomer[CustomerBox::Phone]->text().trimmed();
     const QString cell = txtCustomer[CustomerBox::Cell]->text().trimmed();
     QString number = telephone.isEmpty() ? cell : telephone;

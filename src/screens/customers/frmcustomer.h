@@ -75,6 +75,9 @@ public:
     void ShowCustomer();
     // The tests and the save of the account on the screen; sets and returns AcctOK.
     bool UpdateCustomerRecord();
+    // The telephone test, then the save: false when the user stays (focus on the
+    // telephone), leaves for the menu, or the save was refused.
+    bool CheckTelephoneAndSave();
     void SaveCustomer();
     void SetAccountType(const QString& type);
     void BeginNewCustomer();

@@ -1,6 +1,7 @@
 #include "setupoperationstab.h"
 
 #include "shell/logo.h"
+#include "shell/named.h"
 #include "shell/dialogs.h"
 #include "store/dispatchingvariables.h"
 #include "store/numbering.h"
@@ -23,11 +24,6 @@
 #include <QVBoxLayout>
 
 namespace {
-template <typename T> T* named(T* w, const char* name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
 QString sizeCaption(bool letter)
 {
     return letter ? QStringLiteral("USA Letter Size") : QStringLiteral("A4 Size");

@@ -1,6 +1,7 @@
 #include "frmcallid.h"
 
 #include "shell/dialogs.h"
+#include "shell/named.h"
 #include "shell/flexgrid.h"
 #include "shell/seriallink.h"
 #include "store/clock.h"
@@ -16,11 +17,6 @@
 
 namespace
 {
-template <typename T> T* named(T* w, const QString& name)
-{
-    w->setObjectName(name);
-    return w;
-}
 const QString kCustomerFile = QStringLiteral("/CustomerData.txt");
 } // namespace
 

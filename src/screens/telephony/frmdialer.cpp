@@ -1,6 +1,7 @@
 #include "frmdialer.h"
 
 #include "shell/dialogs.h"
+#include "shell/named.h"
 #include "shell/seriallink.h"
 
 #include <QCheckBox>
@@ -15,11 +16,6 @@
 
 namespace
 {
-template <typename T> T* named(T* w, const QString& name)
-{
-    w->setObjectName(name);
-    return w;
-}
 const QString kReady = QStringLiteral("Ready to Dial......");
 const QString kPickup = QStringLiteral("Pickup Receiver - Then Click Hangup");
 const QString kPrefix = QStringLiteral("1-");
