@@ -2,23 +2,25 @@
 // Screen with every contract of a full customer file, and the record summary and search.
 #include "benchharness.h"
 
-#include "customers/customerrecords.h"
-#include "schedule/contractoverlay.h"
-#include "schedule/dayfiles.h"
-#include "schedule/sliprecord.h"
-#include "shell/silentdialogs.h"
-#include "sliprecords/recordsearch.h"
-#include "sliprecords/recordsummary.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/record.h"
-#include "store/settingsfiles.h"
-#include "store/store.h"
+#include "core/io/customerrecords.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/schedule/contractoverlay.h"
+#include "core/schedule/dayfiles.h"
+#include "core/setup/settingsfiles.h"
+#include "core/sliprecords/recordsearch.h"
+#include "core/sliprecords/recordsummary.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QCoreApplication>
 #include <QHash>
 #include <cstdio>
+
+using namespace tresvane;
 
 int main(int argc, char* argv[])
 {

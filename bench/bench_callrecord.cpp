@@ -2,20 +2,22 @@
 // the summary of every slip and meeting into the grid, and a search by account.
 #include "benchharness.h"
 
-#include "schedule/sliprecord.h"
-#include "shell/flexgrid.h"
-#include "shell/screenframe.h"
-#include "shell/silentdialogs.h"
-#include "sliprecords/frmcallrecord.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/screenframe.h"
+#include "screens/sliprecords/frmcallrecord.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <cstdio>
+
+using namespace tresvane;
 
 int main(int argc, char* argv[])
 {

@@ -3,12 +3,12 @@
 // the name from the sorted list while the user types.
 #include "benchharness.h"
 
-#include "customers/frmcustomer.h"
-#include "shell/silentdialogs.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/customers/frmcustomer.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -16,6 +16,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <cstdio>
+
+using namespace tresvane;
 
 namespace
 {

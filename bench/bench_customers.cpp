@@ -2,15 +2,17 @@
 // name and city lists the screen fills each time it comes up.
 #include "benchharness.h"
 
-#include "customers/customerfiles.h"
-#include "customers/customerlist.h"
-#include "customers/customerrecords.h"
-#include "customers/customersearch.h"
-#include "store/store.h"
-#include "telephony/storedcalls.h"
+#include "core/customers/customerfiles.h"
+#include "core/customers/customerlist.h"
+#include "core/customers/customersearch.h"
+#include "core/io/customerrecords.h"
+#include "core/io/store.h"
+#include "core/telephony/storedcalls.h"
 
 #include <QCoreApplication>
 #include <cstdio>
+
+using namespace tresvane;
 
 int main(int argc, char* argv[])
 {

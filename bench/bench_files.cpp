@@ -3,19 +3,21 @@
 #include "benchharness.h"
 #include "foldercheck.h"
 
-#include "customers/customerrecords.h"
-#include "schedule/dayfiles.h"
-#include "schedule/sliprecord.h"
-#include "shell/silentdialogs.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/record.h"
-#include "store/store.h"
-#include "store/textfile.h"
+#include "core/io/customerrecords.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/io/textfile.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/schedule/dayfiles.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QCoreApplication>
 #include <QDirIterator>
+
+using namespace tresvane;
 
 int main(int argc, char* argv[])
 {
@@ -31,8 +33,7 @@ int main(int argc, char* argv[])
         const qint32 count = *store.RecordCount32("/Slips.txt", kSlipRecordLength);
         const QByteArray bytes = *store.ReadAll("/Slips.txt");
         ForEachRecord(SlipLayout(), bytes, [&](qsizetype n, const RecordView& r) {
-            if (n <= count && r.trimmedBytes(SlipField::AcctNo) == account)
-                ++hits;
+            if (n <= count && r.trimmedBytes(SlipField::AcctNo) == account) ++hits;
         });
     });
     Report("slips scan", slips, FloorMs(folder, {"/Slips.txt"}));
@@ -42,8 +43,7 @@ int main(int argc, char* argv[])
         hits = 0;
         const QByteArray bytes = *store.ReadAll("/CustomerData.txt");
         ForEachRecord(CustomerLayout(), bytes, [&](qsizetype, const RecordView& r) {
-            if (r.trimmedBytes(CustomerField::AccountNo) == account)
-                ++hits;
+            if (r.trimmedBytes(CustomerField::AccountNo) == account) ++hits;
         });
     });
     Report("customer scan", customers, FloorMs(folder, {"/CustomerData.txt"}));

@@ -3,23 +3,25 @@
 // account and listing a year of slips.
 #include "benchharness.h"
 
-#include "history/courtesycalls.h"
-#include "history/frmhistory.h"
-#include "history/historyrecords.h"
-#include "history/historyview.h"
-#include "shell/flexgrid.h"
-#include "shell/silentdialogs.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/settingsfiles.h"
-#include "store/store.h"
+#include "core/history/courtesycalls.h"
+#include "core/history/historyview.h"
+#include "core/io/historyrecords.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/history/frmhistory.h"
+#include "screens/shell/flexgrid.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <cstdio>
+
+using namespace tresvane;
 
 namespace
 {

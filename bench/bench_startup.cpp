@@ -4,13 +4,13 @@
 // slice is what the user could notice.
 #include "benchharness.h"
 
-#include "shell/app.h"
-#include "shell/desktop.h"
-#include "shell/silentdialogs.h"
-#include "shell/startup.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/store.h"
+#include "app/app.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/desktop.h"
+#include "core/ports/silentdialogs.h"
+#include "core/session/startup.h"
+#include "core/state/corecontext.h"
 
 #include <QApplication>
 #include <QDir>
@@ -21,6 +21,8 @@
 #include <cstdio>
 #include <pty.h>
 #include <unistd.h>
+
+using namespace tresvane;
 
 namespace
 {
@@ -92,8 +94,7 @@ int main(int argc, char* argv[])
             const double ms = slice.nsecsElapsed() / 1e6;
             longest = std::max(longest, ms);
             ++slices;
-            if (ms > 16)
-                ++overFrame;
+            if (ms > 16) ++overFrame;
             if (!done) std::exit(1);
             if (*done) break;
         }

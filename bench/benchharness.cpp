@@ -9,6 +9,9 @@
 #include <cstdlib>
 #include <vector>
 
+namespace tresvane
+{
+
 QString LimitFolder()
 {
     const QString folder = QDir::tempPath() + QStringLiteral("/tresvane-bench-limits-v2");
@@ -37,8 +40,7 @@ QString LimitFolder()
 
 void Must(const Status& s)
 {
-    if (s)
-        return;
+    if (s) return;
     std::fprintf(stderr, "%s\n", qPrintable(s.message()));
     std::exit(1);
 }
@@ -77,3 +79,5 @@ void Report(const QString& name, double ms, double floorMs)
                 floorMs > 0 ? ms / floorMs : 0.0);
     std::fflush(stdout);
 }
+
+} // namespace tresvane

@@ -7,24 +7,24 @@
 //   dispatch_screenshots <output folder>
 #include "sampleinstallation.h"
 
-#include "customers/frmcustomer.h"
-#include "history/frmcallback.h"
-#include "history/frmhistory.h"
-#include "schedule/dayviewframe.h"
-#include "schedule/frmmain.h"
-#include "schedule/sliprecord.h"
-#include "schedule/storedslipsframe.h"
-#include "schedule/teammonthframe.h"
-#include "setup/frmsetup.h"
-#include "setup/setupoperationstab.h"
-#include "shell/app.h"
-#include "shell/desktop.h"
-#include "shell/dialogs.h"
-#include "shell/frmsplash.h"
-#include "shell/frmstartup.h"
-#include "shell/screenframe.h"
-#include "sliprecords/frmcallrecord.h"
-#include "store/clock.h"
+#include "app/app.h"
+#include "core/io/sliprecord.h"
+#include "core/ports/clock.h"
+#include "core/ports/desktop.h"
+#include "core/ports/dialogs.h"
+#include "screens/customers/frmcustomer.h"
+#include "screens/history/frmcallback.h"
+#include "screens/history/frmhistory.h"
+#include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/frmmain.h"
+#include "screens/schedule/storedslipsframe.h"
+#include "screens/schedule/teammonthframe.h"
+#include "screens/setup/frmsetup.h"
+#include "screens/setup/setupoperationstab.h"
+#include "screens/shell/frmsplash.h"
+#include "screens/shell/frmstartup.h"
+#include "screens/shell/screenframe.h"
+#include "screens/sliprecords/frmcallrecord.h"
 
 #include <QAction>
 #include <QApplication>
@@ -39,7 +39,10 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
-namespace {
+using namespace tresvane;
+
+namespace
+{
 
 // Answers every question with No and every message with OK, without showing anything.
 class QuietDialogs final : public Dialogs
@@ -67,8 +70,7 @@ public:
 void write(const QString& path, const QByteArray& bytes)
 {
     QFile f(path);
-    if (f.open(QIODevice::WriteOnly))
-        f.write(bytes);
+    if (f.open(QIODevice::WriteOnly)) f.write(bytes);
 }
 
 void grab(QWidget* w, const QString& folder, const QString& name)
@@ -85,7 +87,7 @@ void grab(QWidget* w, const QString& folder, const QString& name)
 }
 
 QByteArray slip(const char* number, const char* name, const char* street, const char* tel,
-               const char* problem, const QDate& date, int team, int start, int hours)
+                const char* problem, const QDate& date, int team, int start, int hours)
 {
     SlipRecord r;
     r.setText(SlipField::RecType, QStringLiteral("Service"));
@@ -131,10 +133,10 @@ void grabScheduling(App& app, const QString& root, const QString& out)
           first + first + free + free + free + free + second + second + second + free + free +
               free);
     write(root + QStringLiteral("/Slips.txt"),
-          slip("SA101-3", "Harold Brandt", "77 Birch Lane", "(217)555-0110", "No Heat", day, 1,
-               1, 2) +
-              slip("SA101-4", "Lucy Ortega", "9 Cedar Court", "(217)555-0166",
-                   "Annual Maintenance", day, 1, 7, 3));
+          slip("SA101-3", "Harold Brandt", "77 Birch Lane", "(217)555-0110", "No Heat", day, 1, 1,
+               2) +
+              slip("SA101-4", "Lucy Ortega", "9 Cedar Court", "(217)555-0166", "Annual Maintenance",
+                   day, 1, 7, 3));
     w->lstTeam_Change(0);
     w->txtTime->setText(QStringLiteral("2"));
     w->fgHours_Click(4);
@@ -148,10 +150,9 @@ void grabScheduling(App& app, const QString& root, const QString& out)
 
     write(root + QStringLiteral("/UnscheduledSlips.txt"),
           slip("", "Walter Price", "1502 Oak Street", "(217)555-0121", "Leak", day, 1, 1, 1) +
-              slip("", "Dana Whitfield", "33 Elm Road", "(217)555-0133", "No Heat", day, 1, 1,
-                   1) +
-              slip("", "Samuel Ortiz", "8 Mill Pond Way", "(217)555-0144", "Maintenance", day,
-                   1, 1, 1));
+              slip("", "Dana Whitfield", "33 Elm Road", "(217)555-0133", "No Heat", day, 1, 1, 1) +
+              slip("", "Samuel Ortiz", "8 Mill Pond Way", "(217)555-0144", "Maintenance", day, 1, 1,
+                   1));
     app.OpenEntry(8);
     grab(w, out, QStringLiteral("main-stored"));
 }
@@ -169,15 +170,13 @@ bool grabWorkingScreens(const QString& out)
     options.storedSlips = 3;
     options.contracts = 5;
     options.seed = 7;
-    if (!WriteSampleInstallation(folder.path(), options))
-        return false;
+    if (!WriteSampleInstallation(folder.path(), options)) return false;
     SystemClock clock;
     QuietDialogs dialogs;
     NoDesktop desktop;
     App app(folder.path(), clock, dialogs, desktop);
     app.setLockFolder(folder.path());
-    if (!app.Main())
-        return false;
+    if (!app.Main()) return false;
     app.OpenEntry(MenuEntry::CreateServiceSlip);
     frmCustomer* customer = app.customer;
     grab(customer, out, QStringLiteral("customer"));
@@ -227,8 +226,7 @@ int main(int argc, char* argv[])
     NoDesktop desktop;
     App app(root, clock, dialogs, desktop);
     app.setLockFolder(root);
-    if (!app.Main())
-        return 1;
+    if (!app.Main()) return 1;
 
     app.splash->fraWelcome->setVisible(true);
     grab(app.splash, out, QStringLiteral("splash"));

@@ -1,14 +1,16 @@
-#include "shell/app.h"
-#include "shell/qtdesktop.h"
-#include "shell/qtdialogs.h"
-#include "shell/stopsignals.h"
-#include "store/clock.h"
+#include "app/app.h"
+#include "core/ports/clock.h"
+#include "screens/shell/qtdesktop.h"
+#include "screens/shell/qtdialogs.h"
+#include "screens/shell/stopsignals.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 
 #include <cstdio>
+
+using namespace tresvane;
 
 namespace
 {

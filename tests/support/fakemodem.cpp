@@ -9,6 +9,9 @@
 #include <termios.h>
 #include <unistd.h>
 
+namespace tresvane
+{
+
 FakeModem::FakeModem(QObject* parent) : QObject(parent)
 {
     char name[256] = {};
@@ -110,3 +113,5 @@ void FakeModem::writeMaster(const QByteArray& bytes)
         done += n;
     }
 }
+
+} // namespace tresvane

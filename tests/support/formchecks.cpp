@@ -18,6 +18,9 @@
 #include <QStyleOptionGroupBox>
 #include <QTextDocument>
 
+namespace tresvane
+{
+
 namespace
 {
 
@@ -213,3 +216,5 @@ QStringList ClippedTexts(QWidget* window)
     }
     return clipped;
 }
+
+} // namespace tresvane

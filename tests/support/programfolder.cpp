@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace tresvane
+{
+
 static QString makeProgramFolder(const QTemporaryDir& parent)
 {
     const QString root = parent.path() + QStringLiteral("/Program");
@@ -18,26 +21,30 @@ ProgramFolder::ProgramFolder()
     BuildTimeLabels(v);
 }
 
-QString ProgramFolder::abs(const QString& relative) const { return m_root + u'/' + relative; }
+QString ProgramFolder::abs(const QString& relative) const
+{
+    return m_root + u'/' + relative;
+}
 
 void ProgramFolder::put(const QString& relative, const QByteArray& bytes) const
 {
     const QString path = abs(relative);
     QDir().mkpath(QFileInfo(path).path());
     QFile f(path);
-    if (f.open(QIODevice::WriteOnly))
-        f.write(bytes);
+    if (f.open(QIODevice::WriteOnly)) f.write(bytes);
 }
 
 QByteArray ProgramFolder::get(const QString& relative) const
 {
     QFile f(abs(relative));
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
+    if (!f.open(QIODevice::ReadOnly)) return {};
     return f.readAll();
 }
 
-bool ProgramFolder::has(const QString& relative) const { return QFileInfo(abs(relative)).isFile(); }
+bool ProgramFolder::has(const QString& relative) const
+{
+    return QFileInfo(abs(relative)).isFile();
+}
 bool ProgramFolder::hasFolder(const QString& relative) const
 {
     return QFileInfo(abs(relative)).isDir();
@@ -53,3 +60,5 @@ QMap<QString, QByteArray> ProgramFolder::snapshot() const
     }
     return files;
 }
+
+} // namespace tresvane

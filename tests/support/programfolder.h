@@ -1,13 +1,16 @@
 #pragma once
 
+#include "core/io/store.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
 #include "scripteddialogs.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
 #include "testclock.h"
 
 #include <QByteArray>
 #include <QTemporaryDir>
+
+namespace tresvane
+{
 
 // A program folder in a temporary directory, with the seams a core routine needs, and
 // helpers to lay files down and read them back byte by byte. The folder stands alone in a
@@ -37,3 +40,5 @@ public:
     DispatchingVariables v;
     CoreContext ctx;
 };
+
+} // namespace tresvane

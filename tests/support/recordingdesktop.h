@@ -1,8 +1,11 @@
 #pragma once
 
-#include "shell/desktop.h"
+#include "core/ports/desktop.h"
 
 #include <QStringList>
+
+namespace tresvane
+{
 
 // The desktop as a recorder: what would have been opened or copied.
 class RecordingDesktop final : public Desktop
@@ -18,3 +21,5 @@ public:
     QStringList opened;
     QString clipboard;
 };
+
+} // namespace tresvane

@@ -1,7 +1,9 @@
 #include "scripteddialogs.h"
 
-ScriptedDialogs& ScriptedDialogs::expect(const QString& text, const QString& title,
-                                         Answer answer)
+namespace tresvane
+{
+
+ScriptedDialogs& ScriptedDialogs::expect(const QString& text, const QString& title, Answer answer)
 {
     m_expected.append({text, title, answer, false});
     return *this;
@@ -19,8 +21,7 @@ ScriptedDialogs& ScriptedDialogs::expectInput(std::optional<QString> answer)
     return *this;
 }
 
-Dialogs::Answer ScriptedDialogs::message(const QString& text, const QString& title, Buttons,
-                                         Icon)
+Dialogs::Answer ScriptedDialogs::message(const QString& text, const QString& title, Buttons, Icon)
 {
     shown << text;
     titles << title;
@@ -37,8 +38,7 @@ Dialogs::Answer ScriptedDialogs::message(const QString& text, const QString& tit
     return e.answer;
 }
 
-std::optional<QString> ScriptedDialogs::input(const QString& prompt, const QString&,
-                                              const QString&)
+std::optional<QString> ScriptedDialogs::input(const QString& prompt, const QString&, const QString&)
 {
     prompts << prompt;
     if (m_inputs.isEmpty()) {
@@ -55,3 +55,5 @@ QString ScriptedDialogs::problems() const
         all << QStringLiteral("expected message never came: \"%1\"").arg(e.text);
     return all.join(u'\n');
 }
+
+} // namespace tresvane

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "shell/dialogs.h"
+#include "core/ports/dialogs.h"
 
 #include <QList>
 #include <QStringList>
+
+namespace tresvane
+{
 
 // The user, as a script: each expected message with its answer, in order. A message that
 // was not expected fails the test (it is recorded and reported by verifyDone()).
@@ -24,8 +27,7 @@ public:
     // Queue the answer to the next input box (nullopt: cancelled).
     ScriptedDialogs& expectInput(std::optional<QString> answer);
 
-    Answer message(const QString& text, const QString& title, Buttons buttons,
-                   Icon icon) override;
+    Answer message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
     std::optional<QString> input(const QString& prompt, const QString& title,
                                  const QString& defaultText) override;
     void beep() override { ++beeps; }
@@ -47,3 +49,5 @@ private:
 
 // Fails the current test with what the script saw when it was not met.
 #define VERIFY_DIALOGS(d) QVERIFY2((d).done(), qPrintable((d).problems()))
+
+} // namespace tresvane

@@ -1,6 +1,9 @@
 #pragma once
 
-#include "store/clock.h"
+#include "core/ports/clock.h"
+
+namespace tresvane
+{
 
 // The tests' clock: 30 April 2026, 9 am, unless told otherwise.
 class TestClock final : public FixedClock
@@ -11,3 +14,5 @@ public:
     {
     }
 };
+
+} // namespace tresvane

@@ -10,6 +10,8 @@
 
 #include <unistd.h>
 
+using namespace tresvane;
+
 class TestFolderCheck : public QObject
 {
     Q_OBJECT
@@ -117,9 +119,9 @@ void TestFolderCheck::foldersAndUnreadableFilesAreNamed_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<bool>("unreadable"); // else a folder stands in its place
     QTest::addColumn<QString>("problem");
-    for (const char* file : {"CustomerData.txt", "Slips.txt", "Assignto.txt", "Counter.txt",
-                             "PurgedDate.txt", "SlipNo.txt", "TresvaneDispatcherSettings.txt",
-                             "CompanyLogo.txt", "2026/Team#1/125.txt"})
+    for (const char* file :
+         {"CustomerData.txt", "Slips.txt", "Assignto.txt", "Counter.txt", "PurgedDate.txt",
+          "SlipNo.txt", "TresvaneDispatcherSettings.txt", "CompanyLogo.txt", "2026/Team#1/125.txt"})
         QTest::addRow("folder for %s", file)
             << file << false << QString(file) + ": a folder stands where the file belongs";
     // Permissions bind only a user other than root.
@@ -134,8 +136,7 @@ void TestFolderCheck::foldersAndUnreadableFilesAreNamed()
     QFETCH(bool, unreadable);
     QFETCH(QString, problem);
     ProgramFolder f;
-    if (file != u"Assignto.txt")
-        f.put("Assignto.txt", "\"North\"\r\n");
+    if (file != u"Assignto.txt") f.put("Assignto.txt", "\"North\"\r\n");
     if (unreadable) {
         f.put(file, "x");
         QVERIFY(QFile::setPermissions(f.abs(file), QFileDevice::WriteOwner));

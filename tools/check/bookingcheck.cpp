@@ -1,16 +1,19 @@
 #include "bookingcheck.h"
 
-#include "schedule/dayfiles.h"
-#include "schedule/sliprecord.h"
-#include "shell/silentdialogs.h"
-#include "store/clock.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
-#include "store/usforms.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/schedule/dayfiles.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QHash>
 #include <QMap>
 #include <QRegularExpression>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -176,3 +179,5 @@ QStringList BookingWarnings(Store& store, const QDate& today)
     }
     return warnings;
 }
+
+} // namespace tresvane

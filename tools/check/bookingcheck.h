@@ -3,6 +3,9 @@
 #include <QDate>
 #include <QStringList>
 
+namespace tresvane
+{
+
 class Store;
 
 // Cross-checks the slip records against the team day files, which the program keeps in
@@ -13,3 +16,5 @@ class Store;
 // on their day (the team may be booked twice). Days before today are not looked at:
 // their files are purged at every start.
 QStringList BookingWarnings(Store& store, const QDate& today);
+
+} // namespace tresvane

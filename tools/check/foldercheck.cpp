@@ -2,32 +2,36 @@
 
 #include "bookingcheck.h"
 
-#include "customers/auxdata.h"
-#include "customers/customerfiles.h"
-#include "customers/customerrecords.h"
-#include "history/historyrecords.h"
-#include "setup/itemrecords.h"
-#include "setup/printsettings.h"
-#include "telephony/speednumbers.h"
-#include "schedule/dayfiles.h"
-#include "schedule/sliprecord.h"
-#include "shell/datafilecheck.h"
-#include "shell/silentdialogs.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/numbering.h"
-#include "store/record.h"
-#include "store/settingsfiles.h"
-#include "store/store.h"
-#include "store/textfile.h"
-#include "telephony/callrecord.h"
+#include "core/customers/auxdata.h"
+#include "core/customers/customerfiles.h"
+#include "core/housekeeping/datafilecheck.h"
+#include "core/io/callrecord.h"
+#include "core/io/customerrecords.h"
+#include "core/io/historyrecords.h"
+#include "core/io/itemrecords.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/io/textfile.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/schedule/dayfiles.h"
+#include "core/schedule/numbering.h"
+#include "core/setup/printsettings.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
+#include "core/telephony/speednumbers.h"
 
 #include <QDir>
 #include <QRegularExpression>
 #include <functional>
 
-namespace {
+namespace tresvane
+{
+
+namespace
+{
 
 // A small streaming JSON writer: the output of a large folder is written in one pass.
 class Json
@@ -104,8 +108,7 @@ private:
             m_first = false;
             return;
         }
-        if (!m_first)
-            out += ',';
+        if (!m_first) out += ',';
         m_first = false;
     }
     bool m_first = true;
@@ -187,24 +190,21 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
     for (const RecordFile& rf : recordFiles) {
         const QString name = u'/' + QString::fromLatin1(rf.name);
         const Status checked = CheckDataFile(store, name);
-        if (!checked)
-            check.problems << checked.message();
-        if (!store.IsFile(name))
-            continue;
+        if (!checked) check.problems << checked.message();
+        if (!store.IsFile(name)) continue;
         const RecordLayout& layout = rf.layout();
         Result<QByteArray> bytes = store.ReadAll(name);
         if (!bytes) {
-            if (checked)
-                check.problems << bytes.message();
+            if (checked) check.problems << bytes.message();
             continue;
         }
         const int records = int(bytes->size() / layout.length());
-        if (rf.count)
-            check.*(rf.count) = records;
+        if (rf.count) check.*(rf.count) = records;
         if (json) {
             j.key(QString::fromLatin1(rf.name));
             j.open('[');
-            ForEachRecord(layout, *bytes, [&](qsizetype, const RecordView& r) { recordJson(j, r); });
+            ForEachRecord(layout, *bytes,
+                          [&](qsizetype, const RecordView& r) { recordJson(j, r); });
             j.close(']');
         }
     }
@@ -287,8 +287,7 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
         {"PrintColors.txt",
          [&] {
              Result<PrintColors> r = ReadPrintColors(store);
-             if (r)
-                 colors = *r;
+             if (r) colors = *r;
              return r.status();
          },
          [&] {
@@ -308,16 +307,14 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
         {"CompanyLogo.txt",
          [&] {
              Result<QString> r = ReadCompanyLogo(store);
-             if (r)
-                 texts = QStringList{*r};
+             if (r) texts = QStringList{*r};
              return r.status();
          },
          [&] { strings(texts); }},
         {"LogoSettings.txt",
          [&] {
              Result<LogoSize> r = ReadLogoSize(store);
-             if (r)
-                 texts = QStringList{QString::number(r->width), QString::number(r->height)};
+             if (r) texts = QStringList{QString::number(r->width), QString::number(r->height)};
              return r.status();
          },
          [&] { strings(texts); }},
@@ -344,8 +341,7 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
         {"StatesList.txt",
          [&] {
              Result<QStringList> r = ReadStatesList(store);
-             if (r)
-                 texts = *r;
+             if (r) texts = *r;
              return r.status();
          },
          [&] { strings(texts); }},
@@ -363,8 +359,7 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
             check.problems << s.message();
             continue;
         }
-        if (!store.IsFile(name))
-            continue;
+        if (!store.IsFile(name)) continue;
         // The loaders also fill what the JSON shows.
         if (Status s = tf.load(); !s) {
             check.problems << s.message();
@@ -382,8 +377,7 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
             check.problems << s.message();
             continue;
         }
-        if (!json || !store.IsFile(name))
-            continue;
+        if (!json || !store.IsFile(name)) continue;
         Result<QByteArray> bytes = store.ReadAll(name);
         if (!bytes) {
             check.problems << bytes.message();
@@ -394,8 +388,7 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
         if (QByteArray(plain) == "Counter.txt") {
             Result<QString> day = r.readString();
             Result<qint16> seq = day ? r.readInt16() : Result<qint16>(day.status());
-            if (day && seq)
-                fields << *day << QString::number(*seq);
+            if (day && seq) fields << *day << QString::number(*seq);
         } else if (Result<qint32> d = r.readInt32(); d) {
             fields << QString::number(*d);
         }
@@ -418,18 +411,16 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
         j.open('{');
     }
     for (const QString& year : store.List("/")) {
-        if (!yearName.match(year).hasMatch() || !store.IsFolder(u'/' + year))
-            continue;
+        if (!yearName.match(year).hasMatch() || !store.IsFolder(u'/' + year)) continue;
         for (const QString& team : store.List(u'/' + year)) {
-            if (!teamName.match(team).hasMatch())
-                continue;
+            if (!teamName.match(team).hasMatch()) continue;
             for (const QString& day : store.List(u'/' + year + u'/' + team)) {
-                if (!dayName.match(day).hasMatch())
-                    continue;
+                if (!dayName.match(day).hasMatch()) continue;
                 const QString rel = year + u'/' + team + u'/' + day;
                 ++check.dayFiles;
                 if (!store.IsFile(u'/' + rel)) {
-                    check.problems << rel + QStringLiteral(": a folder stands where the file belongs");
+                    check.problems
+                        << rel + QStringLiteral(": a folder stands where the file belongs");
                     continue;
                 }
                 Result<QByteArray> bytes = store.ReadAll(u'/' + rel);
@@ -481,3 +472,5 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
     }
     return check;
 }
+
+} // namespace tresvane

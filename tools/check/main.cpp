@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <cstdio>
 
+using namespace tresvane;
+
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+using namespace tresvane;
+
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
@@ -18,8 +20,7 @@ int main(int argc, char* argv[])
         const QString& a = args[i];
         auto number = [&](int& target) {
             bool ok = false;
-            if (i + 1 < args.size())
-                target = args[++i].toInt(&ok);
+            if (i + 1 < args.size()) target = args[++i].toInt(&ok);
             if (!ok) {
                 err << "dispatcher-sample: " << a << " takes a number\n";
                 std::exit(2);

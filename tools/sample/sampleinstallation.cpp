@@ -1,47 +1,50 @@
 #include "sampleinstallation.h"
 
-#include "customers/customerrecords.h"
-#include "schedule/dayfiles.h"
-#include "schedule/sliprecord.h"
-#include "shell/silentdialogs.h"
-#include "store/clock.h"
-#include "store/corecontext.h"
-#include "store/dispatchingvariables.h"
-#include "store/numbering.h"
-#include "store/settingsfiles.h"
-#include "store/store.h"
-#include "store/textfile.h"
-#include "store/usforms.h"
+#include "core/io/customerrecords.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/io/textfile.h"
+#include "core/io/usforms.h"
+#include "core/ports/clock.h"
+#include "core/ports/silentdialogs.h"
+#include "core/schedule/dayfiles.h"
+#include "core/schedule/numbering.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QDir>
 #include <QHash>
 #include <QSet>
 #include <random>
 
-namespace {
+namespace tresvane
+{
 
-const char* const kFirst[] = {"James", "Mary", "Robert", "Patricia", "John", "Jennifer",
-                              "Michael", "Linda", "David", "Elizabeth", "William", "Barbara",
-                              "Richard", "Susan", "Joseph", "Jessica", "Thomas", "Sarah",
-                              "Charles", "Karen", "Daniel", "Nancy", "Matthew", "Lisa"};
-const char* const kLast[] = {"Smith", "Johnson", "Williams", "Brown", "Jones", "Garcia",
-                             "Miller", "Davis", "Rodriguez", "Martinez", "Hernandez", "Lopez",
-                             "Gonzalez", "Wilson", "Anderson", "Thomas", "Taylor", "Moore",
-                             "Jackson", "Martin", "Lee", "Perez", "Thompson", "White",
-                             "Harris", "Sanchez", "Clark", "Ramirez", "Lewis", "Robinson"};
-const char* const kStreets[] = {"Main St", "Oak Ave", "Maple Dr", "Cedar Ln", "Pine St",
-                                "Elm St", "Washington Blvd", "Lake Rd", "Hill St",
-                                "Park Ave", "Romaine Ave", "Sunset Dr", "River Rd", "Church St"};
+namespace
+{
+
+const char* const kFirst[] = {"James",   "Mary",  "Robert", "Patricia",  "John",    "Jennifer",
+                              "Michael", "Linda", "David",  "Elizabeth", "William", "Barbara",
+                              "Richard", "Susan", "Joseph", "Jessica",   "Thomas",  "Sarah",
+                              "Charles", "Karen", "Daniel", "Nancy",     "Matthew", "Lisa"};
+const char* const kLast[] = {
+    "Smith",     "Johnson",  "Williams",  "Brown",   "Jones",    "Garcia",  "Miller",   "Davis",
+    "Rodriguez", "Martinez", "Hernandez", "Lopez",   "Gonzalez", "Wilson",  "Anderson", "Thomas",
+    "Taylor",    "Moore",    "Jackson",   "Martin",  "Lee",      "Perez",   "Thompson", "White",
+    "Harris",    "Sanchez",  "Clark",     "Ramirez", "Lewis",    "Robinson"};
+const char* const kStreets[] = {
+    "Main St", "Oak Ave", "Maple Dr", "Cedar Ln",    "Pine St",   "Elm St",   "Washington Blvd",
+    "Lake Rd", "Hill St", "Park Ave", "Romaine Ave", "Sunset Dr", "River Rd", "Church St"};
 const char* const kCities[][2] = {{"Springfield", "IL"}, {"Madison", "WI"}, {"Dayton", "OH"},
-                                  {"Fairview", "TN"}, {"Salem", "OR"}, {"Franklin", "MA"},
-                                  {"Greenville", "SC"}, {"Bristol", "CT"}};
-const char* const kBusinesses[] = {"Bakery", "Dental Office", "Auto Repair", "Pharmacy",
-                                   "Hardware", "Diner", "Print Shop", "Florist"};
+                                  {"Fairview", "TN"},    {"Salem", "OR"},   {"Franklin", "MA"},
+                                  {"Greenville", "SC"},  {"Bristol", "CT"}};
+const char* const kBusinesses[] = {"Bakery",   "Dental Office", "Auto Repair", "Pharmacy",
+                                   "Hardware", "Diner",         "Print Shop",  "Florist"};
 const char* const kTitles[] = {"Mr.", "Mrs", "Ms", "Miss", "Mr/Mrs"};
-const char* const kProblems[] = {"No Heat",         "No Cooling",       "Water Leak",
-                                 "Annual Service",  "Noisy Unit",       "Thermostat",
-                                 "Filter Change",   "Estimate",         "Duct Cleaning",
-                                 "Electrical Check"};
+const char* const kProblems[] = {
+    "No Heat",    "No Cooling",    "Water Leak", "Annual Service", "Noisy Unit",
+    "Thermostat", "Filter Change", "Estimate",   "Duct Cleaning",  "Electrical Check"};
 const char* const kTeams[] = {"Truck", "Crew", "Van", "Team"};
 
 template <typename T, std::size_t N> const T& pick(std::mt19937& rng, const T (&list)[N])
@@ -111,20 +114,21 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
     QStringList teams;
     for (int t = 1; t <= o.teams; ++t)
         teams << QStringLiteral("%1 %2").arg(QString::fromLatin1(kTeams[(t - 1) % 4])).arg(t);
-    if (Status s = SaveAssignments(c, teams); !s)
-        return s;
+    if (Status s = SaveAssignments(c, teams); !s) return s;
     QStringList problems;
     for (const char* p : kProblems)
         problems << QString::fromLatin1(p);
-    if (Status s = SaveProblems(c, problems); !s)
-        return s;
+    if (Status s = SaveProblems(c, problems); !s) return s;
     v.settings.txtBusiness = {QStringLiteral("Tresvane Sample Heating & Air"),
-                              QStringLiteral("100 Commerce Way"), QString(),
-                              QStringLiteral("Springfield"), QStringLiteral("IL"),
-                              QStringLiteral("62701"), QStringLiteral("217-555-0100"),
-                              QString(), QString()};
-    if (Status s = SaveBusiness(c); !s)
-        return s;
+                              QStringLiteral("100 Commerce Way"),
+                              QString(),
+                              QStringLiteral("Springfield"),
+                              QStringLiteral("IL"),
+                              QStringLiteral("62701"),
+                              QStringLiteral("217-555-0100"),
+                              QString(),
+                              QString()};
+    if (Status s = SaveBusiness(c); !s) return s;
     if (Status s = SaveSettings(c); !s) // program numbers: also writes Counter.txt
         return s;
 
@@ -147,8 +151,9 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
         const auto& city = kCities[rng() % std::size(kCities)];
         cu.phone = phoneFor(i);
         cu.account = cu.phone;
-        cu.street = QStringLiteral("%1 %2").arg(100 + rng() % 9900).arg(
-            QString::fromLatin1(pick(rng, kStreets)));
+        cu.street = QStringLiteral("%1 %2")
+                        .arg(100 + rng() % 9900)
+                        .arg(QString::fromLatin1(pick(rng, kStreets)));
         cu.apt = rng() % 5 == 0 ? QStringLiteral("Apt %1").arg(1 + rng() % 40) : QString();
         cu.city = QString::fromLatin1(city[0]);
         cu.state = QString::fromLatin1(city[1]);
@@ -216,12 +221,9 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
         cycleBytes += y.bytes();
         customers << cu;
     }
-    if (Status s = store.WriteFile("/CustomerData.txt", customerBytes); !s)
-        return s;
-    if (Status s = store.WriteFile("/ContractInfo.txt", contractBytes); !s)
-        return s;
-    if (Status s = store.WriteFile("/CycleInfo.txt", cycleBytes); !s)
-        return s;
+    if (Status s = store.WriteFile("/CustomerData.txt", customerBytes); !s) return s;
+    if (Status s = store.WriteFile("/ContractInfo.txt", contractBytes); !s) return s;
+    if (Status s = store.WriteFile("/CycleInfo.txt", cycleBytes); !s) return s;
 
     // Bookings: two to five a team-day, day after working day, until all are placed.
     const int events = o.slips + o.meetings;
@@ -240,8 +242,7 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
     int placedSlips = 0, placedMeetings = 0;
     QDate day = summary.first;
     for (int w = 0; w < maxDays && placedSlips + placedMeetings < events; ++w) {
-        if (w > 0)
-            day = nextWorkDay(day.addDays(1));
+        if (w > 0) day = nextWorkDay(day.addDays(1));
         for (int t = 1; t <= o.teams && placedSlips + placedMeetings < events; ++t) {
             std::array<QString, 13> daySlots;
             for (QString& s : daySlots)
@@ -253,25 +254,24 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
                 const int hours = 1 + rng() % 3;
                 auto hitsContract = [&] {
                     for (int h = 0; h < hours; ++h)
-                        if (contractHours.contains(contractHour(day, t, slot + h)))
-                            return true;
+                        if (contractHours.contains(contractHour(day, t, slot + h))) return true;
                     return false;
                 };
                 while (slot + hours - 1 <= 12 && hitsContract())
                     ++slot;
-                if (slot + hours - 1 > 12)
-                    break;
+                if (slot + hours - 1 > 12) break;
                 const Customer& cu = customers[rng() % customers.size()];
-                const bool meeting =
-                    placedMeetings < o.meetings &&
-                    (placedSlips >= o.slips || rng() % std::max(1, events / std::max(1, o.meetings)) == 0);
+                const bool meeting = placedMeetings < o.meetings &&
+                                     (placedSlips >= o.slips ||
+                                      rng() % std::max(1, events / std::max(1, o.meetings)) == 0);
                 SlipRecord r = newSlip(cu, hours);
                 r.setText(SlipField::TeamNo, QString::number(t));
                 r.setText(SlipField::EventDate, FormatShortDate(day));
                 r.setText(SlipField::StartSlot, QString::number(slot));
                 QString label;
                 if (meeting) {
-                    label = QStringLiteral("Mtg - ") + v.TimeLabels[slot] + QStringLiteral(" - ") + cu.name;
+                    label = QStringLiteral("Mtg - ") + v.TimeLabels[slot] + QStringLiteral(" - ") +
+                            cu.name;
                     r.setText(SlipField::RecType, QStringLiteral("Meeting"));
                     r.setText(SlipField::Reference, label);
                     meetingBytes += r.bytes();
@@ -282,10 +282,10 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
                     // stands past every number the sample uses): later bookings were
                     // made over the last two weeks.
                     QDate made = day.addDays(-qint64(1 + rng() % 14));
-                    if (made > start)
-                        made = start.addDays(-qint64(rng() % 14));
+                    if (made > start) made = start.addDays(-qint64(rng() % 14));
                     const int seq = ++sequenceByDay[made.dayOfYear()];
-                    const QString number = ProgramConfirmation(QString::number(made.dayOfYear()), qint16(seq));
+                    const QString number =
+                        ProgramConfirmation(QString::number(made.dayOfYear()), qint16(seq));
                     label = number + u' ' + cu.name;
                     r.setText(SlipField::RecType, QStringLiteral("Service"));
                     r.setText(SlipField::ConfirmationNo, number);
@@ -307,8 +307,7 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
     // The day files, through the booking screen's own writer.
     for (const BookedDay& d : days) {
         v.DaySlots = d.daySlots;
-        if (Status s = WriteDayFile(c, d.date, QString::number(d.team)); !s)
-            return s;
+        if (Status s = WriteDayFile(c, d.date, QString::number(d.team)); !s) return s;
     }
     summary.dayFiles = int(days.size());
     // The next numbers of both schemes stand past every number the slips carry.
@@ -317,11 +316,9 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
     if (Status s = SaveCounter(c); !s) return s;
     v.settings.txtNextSlip = QStringLiteral("1000");
     if (Status s = SaveSlipNo(c); !s) return s;
-    if (Status s = store.WriteFile("/Slips.txt", slipBytes); !s)
-        return s;
+    if (Status s = store.WriteFile("/Slips.txt", slipBytes); !s) return s;
     if (!meetingBytes.isEmpty())
-        if (Status s = store.WriteFile("/Meetings.txt", meetingBytes); !s)
-            return s;
+        if (Status s = store.WriteFile("/Meetings.txt", meetingBytes); !s) return s;
 
     // Slips stored without a time, for the stored-slip panel.
     QByteArray storedBytes;
@@ -333,7 +330,8 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
         storedBytes += r.bytes();
     }
     if (!storedBytes.isEmpty())
-        if (Status s = store.WriteFile("/UnscheduledSlips.txt", storedBytes); !s)
-            return s;
+        if (Status s = store.WriteFile("/UnscheduledSlips.txt", storedBytes); !s) return s;
     return summary;
 }
+
+} // namespace tresvane

@@ -1,7 +1,10 @@
-#include "accountindex.h"
+#include "core/customers/accountindex.h"
 
 #include <algorithm>
 #include <numeric>
+
+namespace tresvane
+{
 
 AccountIndex::AccountIndex(QList<AccountListEntry> entries)
 {
@@ -48,3 +51,5 @@ qsizetype AccountIndex::FindEqual(const QString& text) const
             return i;
     return -1;
 }
+
+} // namespace tresvane

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "customerlist.h"
+#include "core/customers/customerlist.h"
 
 #include <QList>
 #include <QString>
+
+namespace tresvane
+{
 
 // The name list of the customer screen in the order its list box keeps: alphabetical
 // without regard to case, entries of equal text in record order. The box is filled with
@@ -32,3 +35,5 @@ private:
     QList<AccountListEntry> m_entries;
     QList<QString> m_keys; // the case-folded texts, the sort keys
 };
+
+} // namespace tresvane

@@ -1,8 +1,11 @@
-#include "auxdata.h"
+#include "core/customers/auxdata.h"
 
-#include "store/cp1252.h"
-#include "store/store.h"
-#include "store/textfile.h"
+#include "core/io/cp1252.h"
+#include "core/io/store.h"
+#include "core/io/textfile.h"
+
+namespace tresvane
+{
 
 namespace
 {
@@ -130,3 +133,5 @@ Status WriteAuxData(Store& store, const QString& account, const AuxTexts& texts)
     }
     return {};
 }
+
+} // namespace tresvane

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "store/result.h"
+#include "core/io/result.h"
 
 #include <QString>
 #include <array>
 #include <optional>
+
+namespace tresvane
+{
 
 class Store;
 
@@ -45,3 +48,5 @@ Result<AuxTexts> ReadAuxData(Store& store, const QString& account);
 // Writes all six files of the account, an empty box too, making the account's folders
 // when they are missing. A lone LF in a text is stored as CR LF.
 Status WriteAuxData(Store& store, const QString& account, const AuxTexts& texts);
+
+} // namespace tresvane

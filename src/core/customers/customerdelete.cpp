@@ -1,11 +1,14 @@
-#include "customerdelete.h"
+#include "core/customers/customerdelete.h"
 
-#include "customerfiles.h"
-#include "customerrecords.h"
-#include "shell/dialogs.h"
-#include "store/store.h"
+#include "core/customers/customerfiles.h"
+#include "core/io/customerrecords.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
 
 #include <algorithm>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -52,10 +55,12 @@ Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
         if (!bytes) return bytes.status();
         const QByteArray kept = recordsWithout(*bytes, t.length, at.gCurrentRec, at.gLastrec);
         // The customer file keeps its copy in Backup; the two parallel files lose theirs.
-        const auto backup = t.length == kCustomerRecordLength ? Store::BackupCopy::Keep
-                                                              : Store::BackupCopy::Remove;
+        const auto backup =
+            t.length == kCustomerRecordLength ? Store::BackupCopy::Keep : Store::BackupCopy::Remove;
         if (Status s = store.RewriteThroughTemporary(t.name, kept, backup); !s) return s;
     }
     if (Status s = change.commit(); !s) return s;
     return PositionAfterDelete(at);
 }
+
+} // namespace tresvane

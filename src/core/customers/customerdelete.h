@@ -1,7 +1,10 @@
 #pragma once
 
-#include "customernavigation.h"
-#include "store/result.h"
+#include "core/customers/customernavigation.h"
+#include "core/io/result.h"
+
+namespace tresvane
+{
 
 class Dialogs;
 class Store;
@@ -19,3 +22,5 @@ bool ConfirmDeleteCustomer(Dialogs& dialogs);
 // A failure part-way is reported naming the file; the files done by then stay done.
 // The aux folder of the account stays, and slips and history keep its number.
 Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at);
+
+} // namespace tresvane

@@ -1,14 +1,17 @@
-#include "customerediting.h"
+#include "core/customers/customerediting.h"
 
-#include "customerfiles.h"
-#include "customerlist.h"
-#include "customerrecords.h"
-#include "shell/dialogs.h"
-#include "shell/keyfilters.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
+#include "core/customers/customerfiles.h"
+#include "core/customers/customerlist.h"
+#include "core/entry/keyfilters.h"
+#include "core/io/customerrecords.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <algorithm>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -269,3 +272,5 @@ void PresetEmptyCustomerFile(const DispatchingVariables& v, CustomerBoxes& b, Di
     dialogs.message(QStringLiteral("Your Customer File is Empty\nCreate your First Customer Now"),
                     QStringLiteral("Create Customers"));
 }
+
+} // namespace tresvane

@@ -1,11 +1,14 @@
 #pragma once
 
-#include "customernavigation.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/customers/customernavigation.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QString>
 #include <array>
+
+namespace tresvane
+{
 
 class CustomerRecord;
 class Dialogs;
@@ -120,3 +123,5 @@ CustomerPosition BeginNewCustomer(DispatchingVariables& v, CustomerBoxes& boxes,
 // postal code and the first seven characters of its telephone with "-", and the message
 // that the file is empty.
 void PresetEmptyCustomerFile(const DispatchingVariables& v, CustomerBoxes& boxes, Dialogs& dialogs);
+
+} // namespace tresvane

@@ -1,23 +1,26 @@
-#include "customerfiles.h"
+#include "core/customers/customerfiles.h"
 
-#include "shell/dialogs.h"
-#include "store/clock.h"
-#include "store/dispatchingvariables.h"
-#include "store/recordfile.h"
-#include "store/store.h"
-#include "store/textfile.h"
+#include "core/io/recordfile.h"
+#include "core/io/store.h"
+#include "core/io/textfile.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <array>
 
-namespace {
+namespace tresvane
+{
+
+namespace
+{
 
 // Reads record recordNo of a file into a buffer of its type. A missing file reads as a
 // record of zero bytes and is not created.
 template <typename R> Status readInto(Store& store, const QString& name, qint32 recordNo, R& buffer)
 {
     Result<QByteArray> bytes = store.ReadRecordAt(name, buffer.layout().length(), recordNo);
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     buffer = R(*bytes);
     return {};
 }
@@ -38,10 +41,22 @@ const QString kNoCustomerFile = QStringLiteral("No Customer File Found");
 
 } // namespace
 
-QString CustomerFileName() { return QStringLiteral("/CustomerData.txt"); }
-QString ContractFileName() { return QStringLiteral("/ContractInfo.txt"); }
-QString CycleFileName() { return QStringLiteral("/CycleInfo.txt"); }
-QString StatesFileName() { return QStringLiteral("/StatesList.txt"); }
+QString CustomerFileName()
+{
+    return QStringLiteral("/CustomerData.txt");
+}
+QString ContractFileName()
+{
+    return QStringLiteral("/ContractInfo.txt");
+}
+QString CycleFileName()
+{
+    return QStringLiteral("/CycleInfo.txt");
+}
+QString StatesFileName()
+{
+    return QStringLiteral("/StatesList.txt");
+}
 
 Status ReadCustomer(CoreContext& c, qint32 recordNo)
 {
@@ -81,11 +96,10 @@ Result<QList<CustomerRecord>> ReadAllCustomers(Store& store)
 QString WeekdayName(const QDate& date)
 {
     // The names are the system's own words, whatever the desktop's language.
-    static const std::array<const char*, 7> names = {
-        "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"};
+    static const std::array<const char*, 7> names = {"Monday", "Tuesday",  "Wednesday", "Thursday",
+                                                     "Friday", "Saturday", "Sunday"};
     const int day = date.dayOfWeek(); // 1 Monday .. 7 Sunday
-    if (day < 1 || day > 7)
-        return {};
+    if (day < 1 || day > 7) return {};
     return QString::fromLatin1(names[day - 1]);
 }
 
@@ -130,11 +144,9 @@ Status BuildContractInfo(CoreContext& c, qint32 last)
         c.dialogs.message(missingCustomerFile("Contract"), kNoCustomerFile);
         return {};
     }
-    if (Status s = c.store.KillWithBackup(ContractFileName()); !s)
-        return s;
+    if (Status s = c.store.KillWithBackup(ContractFileName()); !s) return s;
     Result<qint16> count = c.store.RecordCount(CustomerFileName(), kCustomerRecordLength);
-    if (!count)
-        return count.status();
+    if (!count) return count.status();
     const qint64 n = *count;
     const qint64 first = std::max<qint64>(last, 1);
 
@@ -163,8 +175,7 @@ Status BuildCycleInfo(CoreContext& c, qint32 lastRec)
                            "is 32,767.")
                 .arg(c.store.describe(CycleFileName()))
                 .arg(lastRec));
-    if (Status s = c.store.KillWithBackup(CycleFileName()); !s)
-        return s;
+    if (Status s = c.store.KillWithBackup(CycleFileName()); !s) return s;
     c.dialogs.message(QStringLiteral("Your Billing Information File will be Built with Default "
                                      "Values"),
                       QStringLiteral("Building Billing Info"));
@@ -179,19 +190,16 @@ Result<QStringList> ReadStatesList(Store& store)
 {
     constexpr int kStates = 50;
     const QString name = StatesFileName();
-    if (!store.FileExists(name))
-        return QStringList();
+    if (!store.FileExists(name)) return QStringList();
     Result<QByteArray> bytes = store.ReadAll(name);
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     TextReader reader(*bytes, store.describe(name));
     QStringList states;
     states.reserve(kStates);
     // Exactly fifty: whatever follows the fiftieth is not read.
     for (int i = 0; i < kStates; ++i) {
         Result<QString> state = reader.readString();
-        if (!state)
-            return state.status();
+        if (!state) return state.status();
         states << *state;
     }
     return states;
@@ -203,15 +211,15 @@ Status CheckParallelFiles(CoreContext& c, qint32 gLastrec)
         const CycleRecord cycle = c.v.gCycle;
         ResetContractDefaults(c);
         c.v.gCycle = cycle;
-        if (Status s = BuildContractInfo(c, gLastrec); !s)
-            return s;
+        if (Status s = BuildContractInfo(c, gLastrec); !s) return s;
     }
     if (!c.store.FileExists(CycleFileName())) {
         const ContractRecord contract = c.v.gContract;
         ResetContractDefaults(c);
         c.v.gContract = contract;
-        if (Status s = BuildCycleInfo(c, gLastrec); !s)
-            return s;
+        if (Status s = BuildCycleInfo(c, gLastrec); !s) return s;
     }
     return {};
 }
+
+} // namespace tresvane

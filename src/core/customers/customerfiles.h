@@ -1,11 +1,14 @@
 #pragma once
 
-#include "customerrecords.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/customerrecords.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QList>
 #include <QStringList>
+
+namespace tresvane
+{
 
 class Store;
 
@@ -62,3 +65,5 @@ QString WeekdayName(const QDate& date);
 // bytes; its buffer is given the defaults before the rebuild, while the buffer of the
 // other file keeps the record that was read.
 Status CheckParallelFiles(CoreContext& c, qint32 gLastrec);
+
+} // namespace tresvane

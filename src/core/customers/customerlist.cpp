@@ -1,12 +1,15 @@
-#include "customerlist.h"
+#include "core/customers/customerlist.h"
 
-#include "customerfiles.h"
-#include "customerrecords.h"
-#include "store/cp1252.h"
-#include "store/store.h"
+#include "core/customers/customerfiles.h"
+#include "core/io/cp1252.h"
+#include "core/io/customerrecords.h"
+#include "core/io/store.h"
 
 #include <string_view>
 #include <unordered_set>
+
+namespace tresvane
+{
 
 QString AccountListText(const RecordView& r)
 {
@@ -62,3 +65,5 @@ Result<bool> AccountNoExists(Store& store, const QString& account, qint32 gCurre
     });
     return found;
 }
+
+} // namespace tresvane

@@ -1,11 +1,14 @@
 #pragma once
 
-#include "store/result.h"
+#include "core/io/result.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+namespace tresvane
+{
 
 class Store;
 
@@ -36,3 +39,5 @@ QString AccountListText(const class RecordView& record);
 // false, when gCurrentRec is 0 or the text is empty. Records past the end hold no number.
 Result<bool> AccountNoExists(Store& store, const QString& account, qint32 gCurrentRec,
                              qint32 gLastrec);
+
+} // namespace tresvane

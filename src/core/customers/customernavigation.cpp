@@ -1,6 +1,9 @@
-#include "customernavigation.h"
+#include "core/customers/customernavigation.h"
 
 #include <algorithm>
+
+namespace tresvane
+{
 
 std::optional<qint32> NavigateTo(int button, CustomerPosition at)
 {
@@ -47,3 +50,5 @@ CustomerPosition PositionAfterDelete(CustomerPosition at)
     if (at.gCurrentRec > at.gLastrec) at.gCurrentRec = at.gLastrec;
     return at;
 }
+
+} // namespace tresvane

@@ -1,15 +1,18 @@
-#include "customersearch.h"
+#include "core/customers/customersearch.h"
 
-#include "customerfiles.h"
-#include "customerrecords.h"
-#include "shell/dialogs.h"
-#include "store/cp1252.h"
-#include "store/store.h"
+#include "core/customers/customerfiles.h"
+#include "core/io/cp1252.h"
+#include "core/io/customerrecords.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
 
 #include <array>
 #include <bit>
 #include <cstring>
 #include <string_view>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -276,3 +279,5 @@ bool AskCreateAccountWhenNotFound(Dialogs& dialogs)
                                       "you like to Create a New Account?"),
                        QStringLiteral("Customer not Found"));
 }
+
+} // namespace tresvane

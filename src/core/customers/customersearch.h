@@ -1,11 +1,14 @@
 #pragma once
 
-#include "customerrecords.h"
-#include "store/result.h"
+#include "core/io/customerrecords.h"
+#include "core/io/result.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
+
+namespace tresvane
+{
 
 class Dialogs;
 class Store;
@@ -99,3 +102,5 @@ QString NoAccountNumberSearchMessage();
 
 // "Customer not Found": asks whether to create a new account; true for Yes.
 bool AskCreateAccountWhenNotFound(Dialogs& dialogs);
+
+} // namespace tresvane

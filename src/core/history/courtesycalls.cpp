@@ -1,17 +1,20 @@
-#include "courtesycalls.h"
+#include "core/history/courtesycalls.h"
 
-#include "schedule/slipfiles.h"
-#include "schedule/sliprecord.h"
-#include "schedule/timegrid.h"
-#include "sliprecords/recordsummary.h"
-#include "store/cp1252.h"
-#include "store/dispatchingvariables.h"
-#include "store/record.h"
-#include "store/store.h"
-#include "textpool.h"
+#include "core/history/textpool.h"
+#include "core/io/cp1252.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/schedule/slipfiles.h"
+#include "core/schedule/timegrid.h"
+#include "core/sliprecords/recordsummary.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QHash>
 #include <algorithm>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -90,3 +93,5 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
         out.append(std::move(row.cells));
     return out;
 }
+
+} // namespace tresvane

@@ -1,13 +1,16 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QByteArrayView>
 #include <QDate>
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+namespace tresvane
+{
 
 // The courtesy call list: the Service Attentions of Slips.txt booked between two dates,
 // both included, so the office can call the customers beforehand.
@@ -38,3 +41,5 @@ QString CourtesyDateKey(const QDate& date);
 // The end date the span buttons set from today: 5 a year, 6 a month, 7 a quarter; any
 // other button keeps `current`.
 QDate CourtesyEnding(int button, const QDate& today, const QDate& current);
+
+} // namespace tresvane

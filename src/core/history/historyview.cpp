@@ -1,14 +1,17 @@
-#include "historyview.h"
+#include "core/history/historyview.h"
 
-#include "historyrecords.h"
-#include "store/cp1252.h"
-#include "store/record.h"
-#include "store/store.h"
-#include "store/usforms.h"
-#include "textpool.h"
+#include "core/history/textpool.h"
+#include "core/io/cp1252.h"
+#include "core/io/historyrecords.h"
+#include "core/io/record.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
 
 #include <QSet>
 #include <algorithm>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -117,7 +120,10 @@ Status loadFile(Store& store, const QString& name, const RecordLayout& layout,
 }
 } // namespace
 
-QDate ParseHistoryDate(QByteArrayView text) { return ParseShortDateBytes(text, true); }
+QDate ParseHistoryDate(QByteArrayView text)
+{
+    return ParseShortDateBytes(text, true);
+}
 
 Result<HistoryView> LoadHistory(Store& store, const HistoryFilter& filter)
 {
@@ -196,3 +202,5 @@ Status PurgeAccountHistory(Store& store, const QString& account)
     return purgeAccount(store, LedgerFileName(), LedgerLayout(), LedgerField::LedgerAccount,
                         wanted);
 }
+
+} // namespace tresvane

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "store/result.h"
+#include "core/io/result.h"
 
 #include <QByteArrayView>
 #include <QDate>
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+namespace tresvane
+{
 
 class Store;
 
@@ -63,3 +66,5 @@ Status PurgeAllHistory(Store& store);
 // file replaces the history file, whose copy in Backup goes first. A missing history file
 // comes out as an empty one, as it always has.
 Status PurgeAccountHistory(Store& store, const QString& account);
+
+} // namespace tresvane

@@ -1,9 +1,12 @@
-#include "reportdates.h"
+#include "core/history/reportdates.h"
 
-#include "shell/dialogs.h"
-#include "shell/keyfilters.h"
+#include "core/entry/keyfilters.h"
+#include "core/ports/dialogs.h"
 
 #include <algorithm>
+
+namespace tresvane
+{
 
 IncomeReportDates::IncomeReportDates(const QDate& today)
     : DTPicker1{today.addDays(-30), today}, ReportStartDate(DTPicker1[0]),
@@ -101,3 +104,5 @@ void IncomeReportDates::cmdIncome_Click(int index, const QDate& today, Dialogs& 
         break;
     }
 }
+
+} // namespace tresvane

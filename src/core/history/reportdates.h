@@ -3,6 +3,9 @@
 #include <QDate>
 #include <array>
 
+namespace tresvane
+{
+
 class Dialogs;
 
 // The two date pickers of the history report and the rules that keep them in order.
@@ -44,3 +47,5 @@ public:
     static QDate SetDay(const QDate& date, int day);
     static QDate SetYear(const QDate& date, int year);
 };
+
+} // namespace tresvane

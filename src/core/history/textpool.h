@@ -1,12 +1,15 @@
 #pragma once
 
-#include "store/cp1252.h"
+#include "core/io/cp1252.h"
 
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <string_view>
 #include <unordered_map>
+
+namespace tresvane
+{
 
 // Decodes field texts that repeat (accounts, names, dates, problem texts) once each and
 // hands out shared copies after that, so a list of tens of thousands of rows costs one
@@ -43,3 +46,5 @@ private:
     std::string_view m_lastKey;
     const QString* m_last = nullptr;
 };
+
+} // namespace tresvane

@@ -1,14 +1,17 @@
-#include "booking.h"
+#include "core/schedule/booking.h"
 
-#include "schedule/dayfiles.h"
-#include "schedule/slipfiles.h"
-#include "shell/dialogs.h"
-#include "shell/keyfilters.h"
-#include "store/clock.h"
-#include "store/dispatchingvariables.h"
-#include "store/numbering.h"
-#include "store/settingsfiles.h"
-#include "store/store.h"
+#include "core/entry/keyfilters.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "core/schedule/dayfiles.h"
+#include "core/schedule/numbering.h"
+#include "core/schedule/slipfiles.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/dispatchingvariables.h"
+
+namespace tresvane
+{
 
 QString NoSlotSelected()
 {
@@ -90,10 +93,10 @@ Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
     return true;
 }
 
-namespace {
+namespace
+{
 
-Result<BookingSaved> saveBooking(CoreContext& c, const BookingScreen& screen,
-                                 Store::Group& change)
+Result<BookingSaved> saveBooking(CoreContext& c, const BookingScreen& screen, Store::Group& change)
 {
     DispatchingVariables& v = c.v;
     SlipScreenValues values;
@@ -170,3 +173,5 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
     if (Status s = change.commit(); !s) return s;
     return saved;
 }
+
+} // namespace tresvane

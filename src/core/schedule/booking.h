@@ -1,10 +1,13 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QDate>
 #include <QString>
+
+namespace tresvane
+{
 
 class Clock;
 struct DispatchingVariables;
@@ -75,3 +78,5 @@ Result<QString> LoadStoredSlip(CoreContext& c, qint32 row);
 // Deletes the slip of the stored-slip list's row after asking "This will Delete the
 // Selected Slip Record". True when it was deleted. The last record gone removes the file.
 Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row);
+
+} // namespace tresvane

@@ -1,15 +1,18 @@
-#include "contractoverlay.h"
+#include "core/schedule/contractoverlay.h"
 
-#include "customers/customerfiles.h"
-#include "customers/customerrecords.h"
-#include "setup/itemrecords.h"
-#include "shell/dialogs.h"
-#include "store/cp1252.h"
-#include "store/dispatchingvariables.h"
-#include "store/record.h"
-#include "store/store.h"
+#include "core/customers/customerfiles.h"
+#include "core/io/cp1252.h"
+#include "core/io/customerrecords.h"
+#include "core/io/itemrecords.h"
+#include "core/io/record.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <array>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -140,3 +143,5 @@ GridColumn GridFromDaySlots(const DispatchingVariables& v)
         grid[i - 1] = v.DaySlots[i];
     return grid;
 }
+
+} // namespace tresvane

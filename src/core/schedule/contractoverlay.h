@@ -1,14 +1,17 @@
 #pragma once
 
-#include "schedule/dayfiles.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/schedule/dayfiles.h"
+#include "core/state/corecontext.h"
 
 #include <QByteArray>
 #include <QDate>
 #include <QList>
 #include <QString>
 #include <optional>
+
+namespace tresvane
+{
 
 class Dialogs;
 
@@ -62,3 +65,5 @@ void ShowOverlayMessages(Dialogs& dialogs, const QList<OverlayMessage>& messages
 
 // The grid as DaySlots holds it after LoadDay: rows 1 to 12.
 GridColumn GridFromDaySlots(const DispatchingVariables& v);
+
+} // namespace tresvane

@@ -1,11 +1,14 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QDate>
 #include <QString>
 #include <array>
+
+namespace tresvane
+{
 
 class Dialogs;
 class Store;
@@ -74,3 +77,5 @@ Status PrepareYears(CoreContext& c);
 // Removes the tree of gYear - 1: the files and folders of Team#0 to Team#<N + 1>, then the
 // year's folder. A folder left in it (a higher team number) is reported.
 Status RemoveYearFolders(CoreContext& c);
+
+} // namespace tresvane

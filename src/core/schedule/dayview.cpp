@@ -1,8 +1,11 @@
-#include "dayview.h"
+#include "core/schedule/dayview.h"
 
-#include "schedule/slipfiles.h"
-#include "store/store.h"
-#include "store/usforms.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
+#include "core/schedule/slipfiles.h"
+
+namespace tresvane
+{
 
 QString DayViewFreeText()
 {
@@ -68,3 +71,5 @@ Result<DayView> BuildDayView(CoreContext& c, const QDate& calendarDate, const QS
     }
     return view;
 }
+
+} // namespace tresvane

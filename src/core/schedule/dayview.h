@@ -1,12 +1,15 @@
 #pragma once
 
-#include "schedule/dayfiles.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/schedule/dayfiles.h"
+#include "core/state/corecontext.h"
 
 #include <QDate>
 #include <QString>
 #include <array>
+
+namespace tresvane
+{
 
 // The expanded day view of the Scheduling Screen: for each of the twelve hours, who is
 // booked there, from the records of Slips.txt and Meetings.txt rather than from the day
@@ -37,3 +40,5 @@ QString DayViewFreeText();
 // outside 1 to 12, which only a foreign file can hold, are left off the view.
 Result<DayView> BuildDayView(CoreContext& c, const QDate& calendarDate, const QString& team,
                              const GridColumn& grid);
+
+} // namespace tresvane

@@ -1,11 +1,14 @@
-#include "freenumber.h"
+#include "core/schedule/freenumber.h"
 
-#include "schedule/slipfiles.h"
-#include "schedule/sliprecord.h"
-#include "shell/dialogs.h"
-#include "store/dispatchingvariables.h"
-#include "store/numbering.h"
-#include "store/store.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
+#include "core/schedule/numbering.h"
+#include "core/schedule/slipfiles.h"
+#include "core/state/dispatchingvariables.h"
+
+namespace tresvane
+{
 
 namespace
 {
@@ -83,3 +86,5 @@ Status TakeFreeConfirmation(CoreContext& c)
     }
     return {};
 }
+
+} // namespace tresvane

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QByteArray>
 #include <QSet>
+
+namespace tresvane
+{
 
 class Store;
 
@@ -24,3 +27,5 @@ Result<QSet<QByteArray>> ConfirmationNumbersOnFile(Store& store);
 // the running number without a word. Fails without a change when the step would pass
 // 32,767.
 Status TakeFreeConfirmation(CoreContext& c);
+
+} // namespace tresvane

@@ -1,12 +1,24 @@
-#include "slipfiles.h"
+#include "core/schedule/slipfiles.h"
 
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
-#include "store/usforms.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
+#include "core/state/dispatchingvariables.h"
 
-QString SlipsFileName() { return QStringLiteral("/Slips.txt"); }
-QString MeetingsFileName() { return QStringLiteral("/Meetings.txt"); }
-QString UnscheduledSlipsFileName() { return QStringLiteral("/UnscheduledSlips.txt"); }
+namespace tresvane
+{
+
+QString SlipsFileName()
+{
+    return QStringLiteral("/Slips.txt");
+}
+QString MeetingsFileName()
+{
+    return QStringLiteral("/Meetings.txt");
+}
+QString UnscheduledSlipsFileName()
+{
+    return QStringLiteral("/UnscheduledSlips.txt");
+}
 
 Status CountSlipRecords(CoreContext& c, const QString& name)
 {
@@ -14,8 +26,7 @@ Status CountSlipRecords(CoreContext& c, const QString& name)
     // a new empty file instead would leave the old records only in Backup, and the next
     // exit's backup would overwrite them there.
     if (!c.store.FileExists(name)) {
-        if (Status s = c.store.WriteFile(name, QByteArray()); !s)
-            return s;
+        if (Status s = c.store.WriteFile(name, QByteArray()); !s) return s;
     }
     const qint64 count = Store::roundedRecords(c.store.FileSize(name), kSlipRecordLength);
     if (count >= 0x7fffffff)
@@ -26,12 +37,14 @@ Status CountSlipRecords(CoreContext& c, const QString& name)
     return {};
 }
 
-Status CountRecords(CoreContext& c, const QString& name) { return CountSlipRecords(c, name); }
+Status CountRecords(CoreContext& c, const QString& name)
+{
+    return CountSlipRecords(c, name);
+}
 
 Status AppendSlip(CoreContext& c, const QString& name)
 {
-    if (Status s = CountRecords(c, name); !s)
-        return s;
+    if (Status s = CountRecords(c, name); !s) return s;
     // Written at count + 1: after a partial last record of less than half a record, the
     // new record overwrites that fragment rather than landing after it.
     return c.store.WriteRecordAt(name, kSlipRecordLength, c.v.gNextRecord, c.v.gSlip.bytes());
@@ -72,11 +85,9 @@ void FillSlipRecord(DispatchingVariables& v, const SlipScreenValues& screen)
 Result<QList<SlipRecord>> ReadSlipRecords(Store& store, const QString& name)
 {
     QList<SlipRecord> records;
-    if (!store.FileExists(name))
-        return records;
+    if (!store.FileExists(name)) return records;
     Result<QByteArray> bytes = store.ReadAll(name);
-    if (!bytes)
-        return bytes.status();
+    if (!bytes) return bytes.status();
     const qint64 count = Store::roundedRecords(bytes->size(), kSlipRecordLength);
     records.reserve(count);
     for (qint64 i = 0; i < count; ++i) {
@@ -87,7 +98,8 @@ Result<QList<SlipRecord>> ReadSlipRecords(Store& store, const QString& name)
     return records;
 }
 
-namespace {
+namespace
+{
 struct Kept {
     QByteArray bytes;
     qint32 kept = 0;
@@ -97,8 +109,7 @@ struct Kept {
 Result<Kept> keepRecords(Store& store, const QString& name, const SlipFilter& drop)
 {
     Result<QList<SlipRecord>> records = ReadSlipRecords(store, name);
-    if (!records)
-        return records.status();
+    if (!records) return records.status();
     Kept out;
     out.bytes.reserve(records->size() * kSlipRecordLength);
     qint32 recordNo = 0;
@@ -116,29 +127,23 @@ Result<Kept> keepRecords(Store& store, const QString& name, const SlipFilter& dr
 
 Result<qint32> DropSlipRecords(Store& store, const QString& name, const SlipFilter& drop)
 {
-    if (!store.FileExists(name))
-        return qint32(0);
+    if (!store.FileExists(name)) return qint32(0);
     Result<Kept> kept = keepRecords(store, name, drop);
-    if (!kept)
-        return kept.status();
-    if (Status s = store.RewriteThroughTemporary(name, kept->bytes); !s)
-        return s;
+    if (!kept) return kept.status();
+    if (Status s = store.RewriteThroughTemporary(name, kept->bytes); !s) return s;
     return kept->dropped;
 }
 
 Status DeleteUnscheduledSlip(Store& store, qint32 recordNo)
 {
     const QString name = UnscheduledSlipsFileName();
-    if (!store.FileExists(name))
-        return {};
-    Result<Kept> kept = keepRecords(store, name, [recordNo](const SlipRecord&, qint32 n) {
-        return n == recordNo;
-    });
-    if (!kept)
-        return kept.status();
-    if (kept->kept > 0)
-        return store.RewriteThroughTemporary(name, kept->bytes);
-    if (Status s = store.KillIfPresent(QStringLiteral("/TemporaryFile.txt")); !s)
-        return s;
+    if (!store.FileExists(name)) return {};
+    Result<Kept> kept =
+        keepRecords(store, name, [recordNo](const SlipRecord&, qint32 n) { return n == recordNo; });
+    if (!kept) return kept.status();
+    if (kept->kept > 0) return store.RewriteThroughTemporary(name, kept->bytes);
+    if (Status s = store.KillIfPresent(QStringLiteral("/TemporaryFile.txt")); !s) return s;
     return store.KillWithBackup(name);
 }
+
+} // namespace tresvane

@@ -1,13 +1,16 @@
 #pragma once
 
-#include "schedule/sliprecord.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/io/sliprecord.h"
+#include "core/state/corecontext.h"
 
 #include <QDate>
 #include <QList>
 #include <QString>
 #include <functional>
+
+namespace tresvane
+{
 
 class Store;
 struct DispatchingVariables;
@@ -29,13 +32,13 @@ Status AppendSlip(CoreContext& c, const QString& name);
 
 // What FillSlipRecord needs of the Scheduling Screen's controls.
 struct SlipScreenValues {
-    QDate currentDate;   // the shared current date (the screen's calendar)
-    QString lblMode;     // unit caption of the hours box, "Hours"
-    QString txtTime;     // hours needed, as typed
-    int currentRow = 0;  // the grid row of the last click: the starting slot
-    QString SlipNumber;  // the confirmation number on the screen
-    QString cboService;  // the problem text
-    QString EventText;   // the slot text of the event
+    QDate currentDate;  // the shared current date (the screen's calendar)
+    QString lblMode;    // unit caption of the hours box, "Hours"
+    QString txtTime;    // hours needed, as typed
+    int currentRow = 0; // the grid row of the last click: the starting slot
+    QString SlipNumber; // the confirmation number on the screen
+    QString cboService; // the problem text
+    QString EventText;  // the slot text of the event
 };
 
 // Fills gSlip for a booking from the current customer, team and screen. In Mode 2 the
@@ -63,3 +66,5 @@ Status DeleteUnscheduledSlip(Store& store, qint32 recordNo);
 QString SlipsFileName();            // "/Slips.txt"
 QString MeetingsFileName();         // "/Meetings.txt"
 QString UnscheduledSlipsFileName(); // "/UnscheduledSlips.txt"
+
+} // namespace tresvane

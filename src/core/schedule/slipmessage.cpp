@@ -1,7 +1,10 @@
-#include "slipmessage.h"
+#include "core/schedule/slipmessage.h"
 
-#include "schedule/sliprecord.h"
-#include "store/dispatchingvariables.h"
+#include "core/io/sliprecord.h"
+#include "core/state/dispatchingvariables.h"
+
+namespace tresvane
+{
 
 QString SlipTextMessage(const SlipRecord& slip, const DispatchingVariables& v)
 {
@@ -29,3 +32,5 @@ QString SlipOnClipboardMessage()
     return QStringLiteral("The Service Attention Data is now on the System Clipboard\n"
                           "Paste it into the Message Area of your Text Messaging Screen");
 }
+
+} // namespace tresvane

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+namespace tresvane
+{
+
 class SlipRecord;
 struct DispatchingVariables;
 
@@ -11,3 +14,5 @@ QString SlipTextMessage(const SlipRecord& slip, const DispatchingVariables& v);
 
 // What the user is told once the text is on the clipboard.
 QString SlipOnClipboardMessage();
+
+} // namespace tresvane

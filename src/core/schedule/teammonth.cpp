@@ -1,9 +1,12 @@
-#include "teammonth.h"
+#include "core/schedule/teammonth.h"
 
-#include "schedule/dayfiles.h"
-#include "store/clock.h"
-#include "store/store.h"
-#include "store/textfile.h"
+#include "core/io/store.h"
+#include "core/io/textfile.h"
+#include "core/ports/clock.h"
+#include "core/schedule/dayfiles.h"
+
+namespace tresvane
+{
 
 QString BookingMonthName(int month)
 {
@@ -56,3 +59,5 @@ QDate MonthBoxDate(const TeamMonth& month, const QDate& calendarDate, int box)
         ++firstBox;
     return QDate(calendarDate.year(), calendarDate.month(), box + 1 - firstBox);
 }
+
+} // namespace tresvane

@@ -1,8 +1,11 @@
-#include "timegrid.h"
+#include "core/schedule/timegrid.h"
 
-#include "schedule/booking.h"
-#include "shell/dialogs.h"
-#include "store/dispatchingvariables.h"
+#include "core/ports/dialogs.h"
+#include "core/schedule/booking.h"
+#include "core/state/dispatchingvariables.h"
+
+namespace tresvane
+{
 
 QString GridLabel(const DispatchingVariables& v, int slot)
 {
@@ -49,3 +52,5 @@ void ResetTimeSelection(GridColumn& grid, QString& EventText)
         if (slot == EventText) slot = NoEventScheduled();
     EventText = NoSlotSelected();
 }
+
+} // namespace tresvane

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "schedule/dayfiles.h"
-#include "store/corecontext.h"
+#include "core/schedule/dayfiles.h"
+#include "core/state/corecontext.h"
 
 #include <QString>
+
+namespace tresvane
+{
 
 struct DispatchingVariables;
 
@@ -40,3 +43,5 @@ GridClick ClickTimeGrid(CoreContext& c, GridColumn& grid, int row, int hours,
 // EventText goes back to "No Slot Selected". Of a meeting placed twice only the text of
 // the last click is taken off.
 void ResetTimeSelection(GridColumn& grid, QString& EventText);
+
+} // namespace tresvane

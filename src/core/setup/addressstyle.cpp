@@ -1,6 +1,9 @@
-#include "addressstyle.h"
+#include "core/setup/addressstyle.h"
 
-#include "store/textfile.h"
+#include "core/io/textfile.h"
+
+namespace tresvane
+{
 
 QString ToggledAddressStyle(const QString& caption)
 {
@@ -12,14 +15,11 @@ QString AddressStyleAtLoad(const QString& companyName, const QString& postalCode
     // The caption is set to the opposite of the wanted layout, and the one click that
     // follows at every load turns it round.
     QString caption;
-    if (postalCode.isEmpty() && companyName.isEmpty())
-        caption = kInternationalStyleAddress;
-    if (IsNumeric(postalCode))
-        caption = kInternationalStyleAddress;
+    if (postalCode.isEmpty() && companyName.isEmpty()) caption = kInternationalStyleAddress;
+    if (IsNumeric(postalCode)) caption = kInternationalStyleAddress;
     if (!companyName.isEmpty())
         caption = postalCode.isEmpty() ? kUsaStyleAddress : kInternationalStyleAddress;
-    if (caption.isEmpty())
-        caption = kInternationalStyleAddress;
+    if (caption.isEmpty()) caption = kInternationalStyleAddress;
     return ToggledAddressStyle(caption);
 }
 
@@ -27,3 +27,5 @@ bool TelephoneValid(const QString& telephone)
 {
     return IsNumeric(telephone.right(4));
 }
+
+} // namespace tresvane

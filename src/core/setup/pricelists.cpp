@@ -1,6 +1,9 @@
-#include "pricelists.h"
+#include "core/setup/pricelists.h"
 
-#include "shell/dialogs.h"
+#include "core/ports/dialogs.h"
+
+namespace tresvane
+{
 
 bool AddInvoiceItem(QList<PriceEntry>& list, const QString& name, const QString& price,
                     Dialogs& dialogs)
@@ -21,18 +24,21 @@ bool AddInvoiceItem(QList<PriceEntry>& list, const QString& name, const QString&
 int MoveInvoiceItem(QList<PriceEntry>& list, int index, int direction)
 {
     const int target = index + (direction < 0 ? -1 : 1);
-    if (index < 0 || index >= list.size() || target < 0 || target >= list.size())
-        return index;
+    if (index < 0 || index >= list.size() || target < 0 || target >= list.size()) return index;
     list.swapItemsAt(index, target);
     return target;
 }
 
-bool SelectionReachesMaximum(int selected) { return selected == kMaxServiceSelections; }
+bool SelectionReachesMaximum(int selected)
+{
+    return selected == kMaxServiceSelections;
+}
 
 int LogoSizeStep(int twips, bool up)
 {
-    if (up)
-        return twips < 1800 ? twips + 50 : twips;
+    if (up) return twips < 1800 ? twips + 50 : twips;
     const int next = twips - 50;
     return next <= 360 ? 1800 : next;
 }
+
+} // namespace tresvane

@@ -3,6 +3,9 @@
 #include <QList>
 #include <QString>
 
+namespace tresvane
+{
+
 class Dialogs;
 
 // The in-memory rules of the price lists on the setup screen: the Repair invoice's list of
@@ -40,3 +43,5 @@ bool SelectionReachesMaximum(int selected);
 // Up adds 50 while below 1800; down subtracts 50 and at 360 or below jumps to 1800.
 int LogoSizeStep(int twips, bool up);
 constexpr int kDefaultLogoTwips = 1440;
+
+} // namespace tresvane

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "store/result.h"
+#include "core/io/result.h"
 
 #include <QString>
+
+namespace tresvane
+{
 
 class Store;
 
@@ -51,3 +54,5 @@ Status ClearCompanyLogo(Store& store);
 
 Result<LogoSize> ReadLogoSize(Store& store);
 Status WriteLogoSize(Store& store, const LogoSize& size);
+
+} // namespace tresvane

@@ -1,17 +1,22 @@
-#include "setupdata.h"
+#include "core/setup/setupdata.h"
 
-#include "setup/itemrecords.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
-#include "store/usforms.h"
+#include "core/io/itemrecords.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
+#include "core/state/dispatchingvariables.h"
 
-namespace SetupData {
+namespace tresvane
+{
 
-namespace {
+namespace SetupData
+{
+
+namespace
+{
 
 // Stock and custom prices are currency; the screen shows them in the dollar form.
-template <typename R> QList<PriceEntry> entries(const QList<R>& records, int nameField, int priceField,
-                                                bool currency)
+template <typename R>
+QList<PriceEntry> entries(const QList<R>& records, int nameField, int priceField, bool currency)
 {
     QList<PriceEntry> out;
     out.reserve(records.size());
@@ -21,7 +26,10 @@ template <typename R> QList<PriceEntry> entries(const QList<R>& records, int nam
     return out;
 }
 
-qint64 unitsOf(const QString& price) { return ParseCurrency(price).value_or(0); }
+qint64 unitsOf(const QString& price)
+{
+    return ParseCurrency(price).value_or(0);
+}
 
 } // namespace
 
@@ -32,45 +40,38 @@ Status LoadItemCatalogues(CoreContext& c, ItemCatalogues& out)
     out.stockFileExists = store.FileExists(InventoriedItemsFileName());
     Result<QList<InventoriedItemRecord>> stock =
         ReadInventoriedItems(store, InventoriedItemsFileName());
-    if (!stock)
-        return stock.status();
-    out.stockItems = entries(*stock, InventoriedItemField::StockName,
-                             InventoriedItemField::StockPrice, true);
+    if (!stock) return stock.status();
+    out.stockItems =
+        entries(*stock, InventoriedItemField::StockName, InventoriedItemField::StockPrice, true);
     Result<QList<CustomItemRecord>> custom = ReadCustomItems(store);
-    if (!custom)
-        return custom.status();
+    if (!custom) return custom.status();
     out.customItems =
         entries(*custom, CustomItemField::CustomName, CustomItemField::CustomPrice, true);
     Result<QList<ServiceRecord>> services = ReadServices(store, ServicesFileName());
-    if (!services)
-        return services.status();
-    out.services =
-        entries(*services, ServiceField::ServiceName, ServiceField::ServicePrice, false);
+    if (!services) return services.status();
+    out.services = entries(*services, ServiceField::ServiceName, ServiceField::ServicePrice, false);
     c.v.settings.lstServices.clear();
     for (const PriceEntry& e : out.services)
         c.v.settings.lstServices << e.name;
 
-    out.selectionExists = store.FileExists(CurrentServicesFileName()) ||
-                          store.FileExists(CurrentItemsFileName());
+    out.selectionExists =
+        store.FileExists(CurrentServicesFileName()) || store.FileExists(CurrentItemsFileName());
     Result<QList<ServiceRecord>> current = ReadServices(store, CurrentServicesFileName());
-    if (!current)
-        return current.status();
+    if (!current) return current.status();
     out.currentServices =
         entries(*current, ServiceField::ServiceName, ServiceField::ServicePrice, false);
     Result<QList<InventoriedItemRecord>> items =
         ReadInventoriedItems(store, CurrentItemsFileName());
-    if (!items)
-        return items.status();
-    out.currentItems = entries(*items, InventoriedItemField::StockName,
-                               InventoriedItemField::StockPrice, true);
+    if (!items) return items.status();
+    out.currentItems =
+        entries(*items, InventoriedItemField::StockName, InventoriedItemField::StockPrice, true);
     return {};
 }
 
 Status LoadInvoiceItems(CoreContext& c, QList<PriceEntry>& out)
 {
     Result<QList<InvoiceItemRecord>> items = ReadInvoiceItems(c.store);
-    if (!items)
-        return items.status();
+    if (!items) return items.status();
     out = entries(*items, InvoiceItemField::ItemName, InvoiceItemField::ItemPrice, false);
     return {};
 }
@@ -97,8 +98,7 @@ Status WriteCurrentSelection(CoreContext& c, const QList<PriceEntry>& services,
         r.setText(ServiceField::ServicePrice, e.price);
         serviceRecords << r;
     }
-    if (Status s = WriteServices(c.store, CurrentServicesFileName(), serviceRecords); !s)
-        return s;
+    if (Status s = WriteServices(c.store, CurrentServicesFileName(), serviceRecords); !s) return s;
     QList<InventoriedItemRecord> itemRecords;
     for (const PriceEntry& e : items) {
         InventoriedItemRecord r;
@@ -111,16 +111,14 @@ Status WriteCurrentSelection(CoreContext& c, const QList<PriceEntry>& services,
 
 Status DeleteCurrentSelection(CoreContext& c)
 {
-    if (Status s = c.store.KillWithBackup(CurrentServicesFileName()); !s)
-        return s;
+    if (Status s = c.store.KillWithBackup(CurrentServicesFileName()); !s) return s;
     return c.store.KillWithBackup(CurrentItemsFileName());
 }
 
 Status LoadPrintColors(CoreContext& c, PrintColors& out)
 {
     Result<PrintColors> colors = ReadPrintColors(c.store);
-    if (!colors)
-        return colors.status();
+    if (!colors) return colors.status();
     out = *colors;
     c.v.gBorderColor = out.borderColor;
     c.v.gPrintColor = out.printColor;
@@ -139,20 +137,24 @@ Status SavePrintColors(CoreContext& c, const PrintColors& colors)
 Status LoadCompanyLogo(CoreContext& c, QString& path)
 {
     Result<QString> logo = ReadCompanyLogo(c.store);
-    if (!logo)
-        return logo.status();
+    if (!logo) return logo.status();
     path = ResolveLogoPath(c.store, *logo);
     return {};
 }
 
-Status SaveCompanyLogo(CoreContext& c, const QString& path) { return WriteCompanyLogo(c.store, path); }
-Status ClearCompanyLogo(CoreContext& c) { return ::ClearCompanyLogo(c.store); }
+Status SaveCompanyLogo(CoreContext& c, const QString& path)
+{
+    return WriteCompanyLogo(c.store, path);
+}
+Status ClearCompanyLogo(CoreContext& c)
+{
+    return tresvane::ClearCompanyLogo(c.store);
+}
 
 Status LoadLogoSettings(CoreContext& c, int& width, int& height)
 {
     Result<LogoSize> size = ReadLogoSize(c.store);
-    if (!size)
-        return size.status();
+    if (!size) return size.status();
     width = size->width;
     height = size->height;
     return {};
@@ -164,3 +166,5 @@ Status SaveLogoSettings(CoreContext& c, int width, int height)
 }
 
 } // namespace SetupData
+
+} // namespace tresvane

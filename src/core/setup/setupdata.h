@@ -1,24 +1,28 @@
 #pragma once
 
-#include "setup/pricelists.h"
-#include "setup/printsettings.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/setup/pricelists.h"
+#include "core/setup/printsettings.h"
+#include "core/state/corecontext.h"
 
 #include <QList>
 #include <QString>
 
+namespace tresvane
+{
+
 // The setup screen's lists as it shows them (a name and a price text each), read from and
 // written to the record files of the invoice items, the service catalogue and the stock.
-namespace SetupData {
+namespace SetupData
+{
 
 // The catalogues and selections of the Service Order invoice and the Repair list.
 struct ItemCatalogues {
-    bool stockFileExists = false;   // TVInventoriedItems.txt: the Service Order style is open
-    QList<PriceEntry> stockItems;   // TVInventoriedItems.txt
-    QList<PriceEntry> customItems;  // CustomItems.txt
-    QList<PriceEntry> services;     // Services.txt
-    bool selectionExists = false;   // CurrentServices.txt / CurrentItems.txt
+    bool stockFileExists = false;  // TVInventoriedItems.txt: the Service Order style is open
+    QList<PriceEntry> stockItems;  // TVInventoriedItems.txt
+    QList<PriceEntry> customItems; // CustomItems.txt
+    QList<PriceEntry> services;    // Services.txt
+    bool selectionExists = false;  // CurrentServices.txt / CurrentItems.txt
     QList<PriceEntry> currentServices;
     QList<PriceEntry> currentItems;
 };
@@ -41,3 +45,5 @@ Status LoadLogoSettings(CoreContext& c, int& width, int& height);
 Status SaveLogoSettings(CoreContext& c, int width, int height);
 
 } // namespace SetupData
+
+} // namespace tresvane

@@ -1,14 +1,17 @@
-#include "deletecallrec.h"
+#include "core/sliprecords/deletecallrec.h"
 
-#include "schedule/dayfiles.h"
-#include "schedule/slipfiles.h"
-#include "schedule/sliprecord.h"
-#include "sliprecords/recordsummary.h"
-#include "store/clock.h"
-#include "store/cp1252.h"
-#include "store/dispatchingvariables.h"
-#include "store/record.h"
-#include "store/store.h"
+#include "core/io/cp1252.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/schedule/dayfiles.h"
+#include "core/schedule/slipfiles.h"
+#include "core/sliprecords/recordsummary.h"
+#include "core/state/dispatchingvariables.h"
+
+namespace tresvane
+{
 
 QString CompletedSlipsFileName()
 {
@@ -48,7 +51,8 @@ Status WriteCompletedSlip(CoreContext& c)
     return c.store.WriteRecordAt(name, kSlipRecordLength, recordNo, c.v.gSlip.bytes());
 }
 
-namespace {
+namespace
+{
 
 Status deleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 completed,
                      bool& recordGone)
@@ -134,3 +138,5 @@ Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
         if (Status committed = change.commit(); !committed) return committed;
     return s;
 }
+
+} // namespace tresvane

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QString>
+
+namespace tresvane
+{
 
 // Ending a slip's place in the schedule: delete, reschedule (a delete and a new booking)
 // and complete (a delete that keeps a copy) all come down to DeleteCallRec.
@@ -39,3 +42,5 @@ QString CompletedSlipsFileName(); // "/CompletedSlips.txt"
 // The sibling program that records completed jobs itself: where it stands beside this
 // program, the record screen offers no completion of its own.
 QString JobCloserFile(); // "/TresvaneJobCloser.exe"
+
+} // namespace tresvane

@@ -1,19 +1,22 @@
-#include "recordsearch.h"
+#include "core/sliprecords/recordsearch.h"
 
-#include "customers/customerfiles.h"
-#include "schedule/slipfiles.h"
-#include "schedule/sliprecord.h"
-#include "schedule/timegrid.h"
-#include "shell/dialogs.h"
-#include "sliprecords/recordsummary.h"
-#include "store/clock.h"
-#include "store/cp1252.h"
-#include "store/dispatchingvariables.h"
-#include "store/record.h"
-#include "store/store.h"
-#include "store/usforms.h"
+#include "core/customers/customerfiles.h"
+#include "core/io/cp1252.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "core/schedule/slipfiles.h"
+#include "core/schedule/timegrid.h"
+#include "core/sliprecords/recordsummary.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <optional>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -142,3 +145,5 @@ RecordDetail LoadRecData(CoreContext& c, bool CompletionInstalled)
     d.cmdCompleted = open && !CompletionInstalled;
     return d;
 }
+
+} // namespace tresvane

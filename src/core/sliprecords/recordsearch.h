@@ -1,9 +1,12 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QString>
+
+namespace tresvane
+{
 
 // Finding one slip of Slips.txt (SearchFile 1) or Meetings.txt (SearchFile 2) on the
 // record screen, and what the screen shows of it. The record found is put in gSlip.
@@ -42,3 +45,5 @@ struct RecordDetail {
 // are open for a date after today, or today while the status reads "Scheduled";
 // cmdCompleted not when the sibling completion program is installed.
 RecordDetail LoadRecData(CoreContext& c, bool CompletionInstalled);
+
+} // namespace tresvane

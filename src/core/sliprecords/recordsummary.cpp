@@ -1,15 +1,18 @@
-#include "recordsummary.h"
+#include "core/sliprecords/recordsummary.h"
 
-#include "schedule/slipfiles.h"
-#include "schedule/sliprecord.h"
-#include "store/clock.h"
-#include "store/cp1252.h"
-#include "store/dispatchingvariables.h"
-#include "store/record.h"
-#include "store/store.h"
-#include "store/usforms.h"
+#include "core/io/cp1252.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
+#include "core/ports/clock.h"
+#include "core/schedule/slipfiles.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <algorithm>
+
+namespace tresvane
+{
 
 QString SearchFileName(qint16 searchFile)
 {
@@ -23,7 +26,10 @@ QString SearchFileName(qint16 searchFile)
     }
 }
 
-QDate ParseSlipDate(QByteArrayView text) { return ParseShortDateBytes(text); }
+QDate ParseSlipDate(QByteArrayView text)
+{
+    return ParseShortDateBytes(text);
+}
 
 int SummarySortKey(const QString& eventDate, int currentYear)
 {
@@ -111,3 +117,5 @@ Result<qint16> FindSlipByAccountAndDate(CoreContext& c, const QString& account,
     }
     return qint16(3);
 }
+
+} // namespace tresvane

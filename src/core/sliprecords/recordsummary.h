@@ -1,12 +1,15 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QByteArrayView>
 #include <QDate>
 #include <QList>
 #include <QString>
+
+namespace tresvane
+{
 
 // The record summary: one row for each slip and meeting that exists, for a dispatcher to
 // find one again. Meetings.txt is read first, then Slips.txt, and the rows are sorted by a
@@ -51,3 +54,5 @@ QDate ParseSlipDate(QByteArrayView text);
 
 // The file a SearchFile value names: 1 Slips.txt, 2 Meetings.txt; empty for any other.
 QString SearchFileName(qint16 searchFile);
+
+} // namespace tresvane

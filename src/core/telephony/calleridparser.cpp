@@ -1,4 +1,7 @@
-#include "calleridparser.h"
+#include "core/telephony/calleridparser.h"
+
+namespace tresvane
+{
 
 namespace
 {
@@ -136,3 +139,5 @@ void CallerIdParser::close(QList<CallerIdReport>& out)
     report.name = report.name.left(kNameWidth);
     out << report;
 }
+
+} // namespace tresvane

@@ -4,6 +4,9 @@
 #include <QList>
 #include <QString>
 
+namespace tresvane
+{
+
 // One caller ID report as the modem gave it, ready for TelCall.txt.
 struct CallerIdReport {
     QString name;   // up to 15 characters; "Private" or "Out of Area" when withheld
@@ -44,3 +47,5 @@ private:
     QByteArray m_number;
     QByteArray m_name;
 };
+
+} // namespace tresvane

@@ -1,8 +1,11 @@
-#include "modemprobe.h"
+#include "core/telephony/modemprobe.h"
 
-#include "shell/seriallink.h"
+#include "core/ports/seriallink.h"
 
 #include <QFileInfo>
+
+namespace tresvane
+{
 
 QString ModemDeviceForPort(int port, const QString& configuredDevice)
 {
@@ -90,3 +93,5 @@ void ModemProbe::finish(qint16 port)
     m_running = false;
     emit finished(port);
 }
+
+} // namespace tresvane

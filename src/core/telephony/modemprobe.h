@@ -5,6 +5,9 @@
 #include <QTimer>
 #include <functional>
 
+namespace tresvane
+{
+
 class SerialLink;
 
 // The modem's port number is kept as the old COM number. Port n is the serial device
@@ -58,3 +61,5 @@ private:
     bool m_running = false;
     bool m_waiting = false;
 };
+
+} // namespace tresvane

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "store/result.h"
+#include "core/io/result.h"
 
 #include <QString>
 #include <array>
+
+namespace tresvane
+{
 
 class Store;
 
@@ -26,3 +29,5 @@ Result<SpeedNumbers> ReadSpeedNumbers(Store& store);
 // Writes the entries that have a name, in order. A line end typed into a box would split
 // an entry in two, so it is stored as a blank.
 Status WriteSpeedNumbers(Store& store, const SpeedNumbers& speed);
+
+} // namespace tresvane

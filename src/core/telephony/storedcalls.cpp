@@ -1,10 +1,13 @@
-#include "storedcalls.h"
+#include "core/telephony/storedcalls.h"
 
-#include "customers/customerrecords.h"
-#include "store/store.h"
-#include "telephony/calleridparser.h"
+#include "core/io/customerrecords.h"
+#include "core/io/store.h"
+#include "core/telephony/calleridparser.h"
 
 #include <QTime>
+
+namespace tresvane
+{
 
 namespace StoredCalls
 {
@@ -66,3 +69,5 @@ QList<qint32> CallerDirectory::accounts(const QString& number) const
 {
     return m_byNumber.value(number.trimmed());
 }
+
+} // namespace tresvane

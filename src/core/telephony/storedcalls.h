@@ -1,11 +1,14 @@
 #pragma once
 
-#include "store/result.h"
-#include "telephony/callrecord.h"
+#include "core/io/callrecord.h"
+#include "core/io/result.h"
 
 #include <QHash>
 #include <QList>
 #include <QString>
+
+namespace tresvane
+{
 
 class Store;
 struct CallerIdReport;
@@ -42,3 +45,5 @@ private:
     QHash<QString, QList<qint32>> m_byNumber;
     qint32 m_count = 0;
 };
+
+} // namespace tresvane

@@ -1,6 +1,9 @@
-#include "accountlistmodel.h"
+#include "screens/customers/accountlistmodel.h"
 
-#include "customers/accountindex.h"
+#include "core/customers/accountindex.h"
+
+namespace tresvane
+{
 
 AccountListModel::AccountListModel(const AccountIndex& index, QObject* parent)
     : QAbstractListModel(parent), m_index(index)
@@ -26,3 +29,5 @@ QVariant AccountListModel::data(const QModelIndex& index, int role) const
         return {};
     }
 }
+
+} // namespace tresvane

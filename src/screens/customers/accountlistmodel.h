@@ -2,6 +2,9 @@
 
 #include <QAbstractListModel>
 
+namespace tresvane
+{
+
 class AccountIndex;
 
 // The rows of the name list box over the sorted index, without a copy per row: the text
@@ -22,3 +25,5 @@ public:
 private:
     const AccountIndex& m_index;
 };
+
+} // namespace tresvane

@@ -1,7 +1,7 @@
-#include "customerauxpanel.h"
+#include "screens/customers/customerauxpanel.h"
 
-#include "shell/dialogs.h"
-#include "shell/taborder.h"
+#include "core/ports/dialogs.h"
+#include "screens/shell/taborder.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -12,6 +12,9 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -224,3 +227,5 @@ bool CustomerAuxPanel::eventFilter(QObject* watched, QEvent* event)
             }
     return QFrame::eventFilter(watched, event);
 }
+
+} // namespace tresvane

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "customers/auxdata.h"
-#include "store/corecontext.h"
+#include "core/customers/auxdata.h"
+#include "core/state/corecontext.h"
 
 #include <QFrame>
 #include <array>
@@ -12,6 +12,9 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+
+namespace tresvane
+{
 
 // The aux data panel of the customer screen (fraAux): six free texts per account under
 // six headings shared by all accounts, and a larger editor for one box (fraBig). The
@@ -63,3 +66,5 @@ private:
     CoreContext& c;
     std::function<QString()> m_accountNo;
 };
+
+} // namespace tresvane

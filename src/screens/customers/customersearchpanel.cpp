@@ -1,8 +1,8 @@
-#include "customersearchpanel.h"
+#include "screens/customers/customersearchpanel.h"
 
-#include "shell/dialogs.h"
-#include "shell/enterkey.h"
-#include "shell/flexgrid.h"
+#include "core/ports/dialogs.h"
+#include "screens/shell/enterkey.h"
+#include "screens/shell/flexgrid.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -13,6 +13,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
@@ -141,7 +144,7 @@ void CustomerSearchPanel::cmdStartSearch_Click(qint32 gLastrec)
 
 void CustomerSearchPanel::SearchCustomers(int kind, const QString& text, qint32 gLastrec)
 {
-    Result<CustomerHits> hits = ::SearchCustomers(c.store, kind, text, gLastrec);
+    Result<CustomerHits> hits = tresvane::SearchCustomers(c.store, kind, text, gLastrec);
     if (!hits) {
         c.dialogs.message(hits.message());
         return;
@@ -220,3 +223,5 @@ bool CustomerSearchPanel::eventFilter(QObject* watched, QEvent* event)
     }
     return QWidget::eventFilter(watched, event);
 }
+
+} // namespace tresvane

@@ -1,16 +1,19 @@
 #pragma once
 
-#include "customers/customersearch.h"
-#include "store/corecontext.h"
+#include "core/customers/customersearch.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
-
-class FlexGrid;
 class QGroupBox;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
+
+namespace tresvane
+{
+
+class FlexGrid;
 
 // The search panel of the customer screen (fraSearch) and the panel of what it found
 // (fraCustomersFound). The scan is core's SearchCustomers; the panel shows its hits and
@@ -61,3 +64,5 @@ private:
 
     CoreContext& c;
 };
+
+} // namespace tresvane

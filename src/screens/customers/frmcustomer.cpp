@@ -1,15 +1,15 @@
-#include "frmcustomer.h"
+#include "screens/customers/frmcustomer.h"
 
-#include "accountlistmodel.h"
-#include "customerauxpanel.h"
-#include "customers/customerdelete.h"
-#include "customers/customerfiles.h"
-#include "customersearchpanel.h"
-#include "shell/dialogs.h"
-#include "shell/keyfilterwiring.h"
-#include "shell/taborder.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
+#include "core/customers/customerdelete.h"
+#include "core/customers/customerfiles.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/customers/accountlistmodel.h"
+#include "screens/customers/customerauxpanel.h"
+#include "screens/customers/customersearchpanel.h"
+#include "screens/shell/keyfilterwiring.h"
+#include "screens/shell/taborder.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -26,6 +26,9 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -344,9 +347,8 @@ void frmCustomer::wireBoxes()
     connect(cmdCustomer[0], &QPushButton::clicked, this, &frmCustomer::cmdCancelNew_Click);
     connect(cmdCustomer[1], &QPushButton::clicked, this, &frmCustomer::cmdSelect_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmCustomer::cmdExit_Click);
-    connect(cmdHistory, &QPushButton::clicked, this, [this] {
-        emit showHistory(txtCustomer[CustomerBox::AccountNo]->text());
-    });
+    connect(cmdHistory, &QPushButton::clicked, this,
+            [this] { emit showHistory(txtCustomer[CustomerBox::AccountNo]->text()); });
     connect(mnuAdd, &QAction::triggered, this, &frmCustomer::mnuAdd_Click);
     connect(mnuAux, &QAction::triggered, this, &frmCustomer::mnuAux_Click);
     connect(mnuDelete, &QAction::triggered, this, &frmCustomer::mnuDelete_Click);
@@ -500,7 +502,7 @@ void frmCustomer::cmdAcctType_Click()
 bool frmCustomer::UpdateCustomerRecord()
 {
     CustomerBoxes b = boxes();
-    Result<CustomerCheck> check = ::UpdateCustomerRecord(c, b, USAStyle, at.gCurrentRec);
+    Result<CustomerCheck> check = tresvane::UpdateCustomerRecord(c, b, USAStyle, at.gCurrentRec);
     if (!check) {
         report(check.status());
         AcctOK = false;
@@ -544,7 +546,7 @@ bool frmCustomer::saveUnsavedEdits()
 
 void frmCustomer::SaveCustomer()
 {
-    ::SaveCustomer(boxes(), USAStyle, c.v);
+    tresvane::SaveCustomer(boxes(), USAStyle, c.v);
 }
 
 void frmCustomer::BeginNewCustomer()
@@ -552,7 +554,7 @@ void frmCustomer::BeginNewCustomer()
     if (!UpdateCustomerRecord()) return;
     cmdCustomer[0]->show();
     CustomerBoxes b;
-    at = ::BeginNewCustomer(c.v, b, at);
+    at = tresvane::BeginNewCustomer(c.v, b, at);
     clearBoxes();
     SetAccountType(kIndividual);
     FillAccountList();
@@ -818,3 +820,5 @@ bool frmCustomer::eventFilter(QObject* watched, QEvent* event)
     }
     return QWidget::eventFilter(watched, event);
 }
+
+} // namespace tresvane

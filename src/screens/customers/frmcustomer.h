@@ -1,17 +1,13 @@
 #pragma once
 
-#include "customers/accountindex.h"
-#include "customers/customerediting.h"
-#include "shell/unsavededits.h"
-#include "store/corecontext.h"
+#include "core/customers/accountindex.h"
+#include "core/customers/customerediting.h"
+#include "core/state/corecontext.h"
+#include "screens/shell/unsavededits.h"
 
 #include <QSet>
 #include <QWidget>
 #include <array>
-
-class AccountListModel;
-class CustomerAuxPanel;
-class CustomerSearchPanel;
 class QAction;
 class QComboBox;
 class QFrame;
@@ -19,6 +15,13 @@ class QLabel;
 class QLineEdit;
 class QMenuBar;
 class QPushButton;
+
+namespace tresvane
+{
+
+class AccountListModel;
+class CustomerAuxPanel;
+class CustomerSearchPanel;
 
 // The customer screen: accounts are added, edited and chosen here, and most routines of
 // the menu start here. There is no save button: the account on the screen is written
@@ -153,3 +156,5 @@ private:
     CustomerBoxes m_unchanged;
     void markUnchanged() { m_unchanged = boxes(); }
 };
+
+} // namespace tresvane

@@ -1,12 +1,12 @@
-#include "frmcallback.h"
+#include "screens/history/frmcallback.h"
 
-#include "history/courtesycalls.h"
-#include "schedule/slipfiles.h"
-#include "shell/datecheck.h"
-#include "shell/dialogs.h"
-#include "shell/flexgrid.h"
-#include "store/clock.h"
-#include "store/store.h"
+#include "core/history/courtesycalls.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "core/schedule/slipfiles.h"
+#include "screens/shell/datecheck.h"
+#include "screens/shell/flexgrid.h"
 
 #include <QDateEdit>
 #include <QHBoxLayout>
@@ -14,6 +14,9 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 frmCallBack::frmCallBack(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
@@ -128,3 +131,5 @@ bool frmCallBack::eventFilter(QObject* watched, QEvent* event)
     }
     return QWidget::eventFilter(watched, event);
 }
+
+} // namespace tresvane

@@ -1,14 +1,17 @@
 #pragma once
 
-#include "store/corecontext.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
-
-class FlexGrid;
 class QDateEdit;
 class QLabel;
 class QPushButton;
+
+namespace tresvane
+{
+
+class FlexGrid;
 
 // "Courtesy Calling": the Service Attentions booked over a span of days, in date order, so
 // the office can call the customers beforehand.
@@ -43,3 +46,5 @@ protected:
 private:
     CoreContext& c;
 };
+
+} // namespace tresvane

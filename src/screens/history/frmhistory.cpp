@@ -1,13 +1,13 @@
-#include "frmhistory.h"
+#include "screens/history/frmhistory.h"
 
-#include "history/historyview.h"
-#include "shell/datecheck.h"
-#include "shell/dialogs.h"
-#include "shell/flexgrid.h"
-#include "shell/taborder.h"
-#include "store/clock.h"
-#include "store/store.h"
-#include "store/usforms.h"
+#include "core/history/historyview.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "screens/shell/datecheck.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/taborder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,6 +20,9 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -268,3 +271,5 @@ void frmHistory::cmdIncome_Click(int index)
     dates.cmdIncome_Click(index, c.clock.today(), c.dialogs);
     showDates();
 }
+
+} // namespace tresvane

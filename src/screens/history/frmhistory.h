@@ -1,18 +1,21 @@
 #pragma once
 
-#include "history/historyview.h"
-#include "history/reportdates.h"
-#include "store/corecontext.h"
+#include "core/history/historyview.h"
+#include "core/history/reportdates.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
-
-class FlexGrid;
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
 class QLabel;
 class QPushButton;
+
+namespace tresvane
+{
+
+class FlexGrid;
 
 // "Account Service and Billing History": the service history and the ledger of one account
 // or of all between two dates, the running total of the amounts shown, the date presets
@@ -64,3 +67,5 @@ private:
     bool m_settingDates = false;
     QString m_pendingAccount;
 };
+
+} // namespace tresvane

@@ -1,10 +1,13 @@
-#include "dayviewframe.h"
+#include "screens/schedule/dayviewframe.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTextDocument>
+
+namespace tresvane
+{
 
 DayViewFrame::DayViewFrame(QWidget* parent) : QGroupBox(parent)
 {
@@ -66,3 +69,5 @@ bool DayViewFrame::eventFilter(QObject* watched, QEvent* event)
             if (watched == Label2[i] && !Label2[i]->toolTip().isEmpty()) emit dialRequested(i);
     return QGroupBox::eventFilter(watched, event);
 }
+
+} // namespace tresvane

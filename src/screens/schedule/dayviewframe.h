@@ -1,12 +1,15 @@
 #pragma once
 
-#include "schedule/dayview.h"
+#include "core/schedule/dayview.h"
 
 #include <QGroupBox>
 #include <array>
 
 class QLabel;
 class QPlainTextEdit;
+
+namespace tresvane
+{
 
 // The expanded day view: one box for each hour with the customer, address, telephone and
 // problem of the job booked there. It lies over the time grid while it is open.
@@ -34,3 +37,5 @@ protected:
 private:
     DayView m_view;
 };
+
+} // namespace tresvane

@@ -1,27 +1,27 @@
-#include "frmmain.h"
+#include "screens/schedule/frmmain.h"
 
-#include "dayviewframe.h"
-#include "schedule/booking.h"
-#include "schedule/contractoverlay.h"
-#include "schedule/dayview.h"
-#include "schedule/freenumber.h"
-#include "schedule/slipfiles.h"
-#include "schedule/slipmessage.h"
-#include "schedule/sliprecord.h"
-#include "schedule/teammonth.h"
-#include "schedule/timegrid.h"
-#include "shell/desktop.h"
-#include "shell/dialogs.h"
-#include "shell/flexgrid.h"
-#include "shell/keyfilterwiring.h"
-#include "shell/screenframe.h"
-#include "shell/updown.h"
-#include "store/clock.h"
-#include "store/dispatchingvariables.h"
-#include "store/settingsfiles.h"
-#include "store/store.h"
-#include "storedslipsframe.h"
-#include "teammonthframe.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/desktop.h"
+#include "core/ports/dialogs.h"
+#include "core/schedule/booking.h"
+#include "core/schedule/contractoverlay.h"
+#include "core/schedule/dayview.h"
+#include "core/schedule/freenumber.h"
+#include "core/schedule/slipfiles.h"
+#include "core/schedule/slipmessage.h"
+#include "core/schedule/teammonth.h"
+#include "core/schedule/timegrid.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/storedslipsframe.h"
+#include "screens/schedule/teammonthframe.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/keyfilterwiring.h"
+#include "screens/shell/screenframe.h"
+#include "screens/shell/updown.h"
 
 #include <QAction>
 #include <QApplication>
@@ -43,6 +43,9 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -566,7 +569,7 @@ void frmMain::updnTime_Change(int step)
 void frmMain::ResetTimeSelection()
 {
     GridColumn grid = gridColumn();
-    ::ResetTimeSelection(grid, EventText);
+    tresvane::ResetTimeSelection(grid, EventText);
     showGrid(grid);
     for (int r = 0; r < 12; ++r)
         fgHours->grid()->setBackColor(r, 1, kGridYellow);
@@ -644,7 +647,7 @@ void frmMain::cmdView_Click()
 
 void frmMain::BuildDayView()
 {
-    Result<DayView> view = ::BuildDayView(c, m_currentDate, c.v.CurrentTeam, gridColumn());
+    Result<DayView> view = tresvane::BuildDayView(c, m_currentDate, c.v.CurrentTeam, gridColumn());
     if (fail(view.status())) return;
     fraDay->showView(*view);
 }
@@ -691,7 +694,7 @@ void frmMain::mnuTeamCal_Click()
 
 void frmMain::DrawTeamMonth()
 {
-    Result<TeamMonth> month = ::DrawTeamMonth(c, m_currentDate, c.v.CurrentTeam);
+    Result<TeamMonth> month = tresvane::DrawTeamMonth(c, m_currentDate, c.v.CurrentTeam);
     if (fail(month.status())) return;
     fraTeamCal->showMonth(*month);
     if (lstTeam->currentItem()) fraTeamCal->txtCurrentTeam->setText(lstTeam->currentItem()->text());
@@ -773,3 +776,5 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event)
     }
     return QMainWindow::eventFilter(watched, event);
 }
+
+} // namespace tresvane

@@ -1,18 +1,15 @@
 #pragma once
 
-#include "schedule/booking.h"
-#include "schedule/dayfiles.h"
-#include "shell/unsavededits.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/schedule/booking.h"
+#include "core/schedule/dayfiles.h"
+#include "core/state/corecontext.h"
+#include "screens/shell/unsavededits.h"
 
 #include <QDate>
 #include <QMainWindow>
 #include <array>
 #include <optional>
-
-class Desktop;
-class FlexGrid;
 class QAction;
 class QCalendarWidget;
 class QCheckBox;
@@ -23,6 +20,12 @@ class QListWidget;
 class QLabel;
 class QPushButton;
 class QSpinBox;
+
+namespace tresvane
+{
+
+class Desktop;
+class FlexGrid;
 class UpDown;
 class DayViewFrame;
 class TeamMonthFrame;
@@ -156,3 +159,5 @@ private:
     int m_storedSlipRow = 0;
     bool m_settingCalendar = false;
 };
+
+} // namespace tresvane

@@ -1,13 +1,16 @@
-#include "storedslipsframe.h"
+#include "screens/schedule/storedslipsframe.h"
 
-#include "schedule/slipfiles.h"
-#include "shell/flexgrid.h"
-#include "shell/taborder.h"
+#include "core/schedule/slipfiles.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/taborder.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 StoredSlipsFrame::StoredSlipsFrame(QWidget* parent) : QGroupBox(parent)
 {
@@ -71,3 +74,5 @@ int StoredSlipsFrame::selectedRecord() const
 {
     return fgUnscheduled->currentRow() + 1;
 }
+
+} // namespace tresvane

@@ -2,9 +2,12 @@
 
 #include <QGroupBox>
 #include <array>
+class QPushButton;
+
+namespace tresvane
+{
 
 class FlexGrid;
-class QPushButton;
 class Store;
 
 // The stored slips, "Unscheduled Service Attentions": one row per record of
@@ -29,3 +32,5 @@ public:
 signals:
     void buttonClicked(int index);
 };
+
+} // namespace tresvane

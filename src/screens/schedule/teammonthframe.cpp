@@ -1,7 +1,7 @@
-#include "teammonthframe.h"
+#include "screens/schedule/teammonthframe.h"
 
-#include "shell/taborder.h"
-#include "shell/updown.h"
+#include "screens/shell/taborder.h"
+#include "screens/shell/updown.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -11,6 +11,9 @@
 #include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 QColor TeamMonthFrame::bookedColor()
 {
@@ -118,3 +121,5 @@ bool TeamMonthFrame::eventFilter(QObject* watched, QEvent* event)
     }
     return QGroupBox::eventFilter(watched, event);
 }
+
+} // namespace tresvane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "schedule/teammonth.h"
+#include "core/schedule/teammonth.h"
 
 #include <QGroupBox>
 #include <array>
@@ -8,6 +8,9 @@
 class QLabel;
 class QLineEdit;
 class QPushButton;
+
+namespace tresvane
+{
 class UpDown;
 
 // The month sheet of the selected team, "Hours Availability/Usage by Team": 42 boxes
@@ -43,3 +46,5 @@ protected:
 private:
     TeamMonth m_month;
 };
+
+} // namespace tresvane

@@ -1,22 +1,22 @@
-#include "frmsetup.h"
+#include "screens/setup/frmsetup.h"
 
-#include "setupassignmentstab.h"
-#include "setupbusinesstab.h"
-#include "setupinvoiceitemstab.h"
-#include "setuplogotab.h"
-#include "setupoperationstab.h"
-#include "setupprinttab.h"
-#include "setupproblemstab.h"
-#include "setupserviceordertab.h"
-#include "setup/addressstyle.h"
-#include "setup/assignments.h"
-#include "shell/dialogs.h"
-#include "shell/taborder.h"
-#include "shell/logo.h"
-#include "setup/setupdata.h"
-#include "shell/startup.h"
-#include "store/dispatchingvariables.h"
-#include "store/settingsfiles.h"
+#include "core/ports/dialogs.h"
+#include "core/session/startup.h"
+#include "core/setup/addressstyle.h"
+#include "core/setup/assignments.h"
+#include "core/setup/settingsfiles.h"
+#include "core/setup/setupdata.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/setup/setupassignmentstab.h"
+#include "screens/setup/setupbusinesstab.h"
+#include "screens/setup/setupinvoiceitemstab.h"
+#include "screens/setup/setuplogotab.h"
+#include "screens/setup/setupoperationstab.h"
+#include "screens/setup/setupprinttab.h"
+#include "screens/setup/setupproblemstab.h"
+#include "screens/setup/setupserviceordertab.h"
+#include "screens/shell/logo.h"
+#include "screens/shell/taborder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -30,6 +30,9 @@
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
@@ -111,8 +114,7 @@ frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 
 bool frmSetup::fail(const Status& s)
 {
-    if (s)
-        return false;
+    if (s) return false;
     c.dialogs.message(s.message());
     return true;
 }
@@ -121,8 +123,7 @@ Status frmSetup::Form_Load(qint16 detectedModemPort)
 {
     Status first;
     auto keep = [&first](Status s) {
-        if (first && !s)
-            first = s;
+        if (first && !s) first = s;
     };
     SetupData::ItemCatalogues catalogues;
     keep(SetupData::LoadItemCatalogues(c, catalogues));
@@ -159,8 +160,7 @@ void frmSetup::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     Form_Activate();
     // Coming back from the task bar is no new start: what was changed before stays changed.
-    if (!event->spontaneous())
-        m_unchanged = CaptureControls(this);
+    if (!event->spontaneous()) m_unchanged = CaptureControls(this);
 }
 
 bool frmSetup::hasUnsavedEdits() const
@@ -211,16 +211,14 @@ void frmSetup::Image1_Click()
     int next = tabSetup->currentIndex();
     for (int i = 0; i < tabSetup->count(); ++i) {
         next = (next + 1) % tabSetup->count();
-        if (tabSetup->isTabEnabled(next))
-            break;
+        if (tabSetup->isTabEnabled(next)) break;
     }
     tabSetup->setCurrentIndex(next);
 }
 
 void frmSetup::cmdQuit_Click()
 {
-    if (!SaveAll())
-        return;
+    if (!SaveAll()) return;
     m_unchanged = CaptureControls(this);
     // 11. The gate to the menu.
     if (AllRequiredFilesExist(c)) {
@@ -234,8 +232,7 @@ void frmSetup::cmdQuit_Click()
 
 bool frmSetup::saveUnsavedEdits()
 {
-    if (!SaveAll())
-        return false;
+    if (!SaveAll()) return false;
     m_unchanged = CaptureControls(this);
     return true;
 }
@@ -253,8 +250,7 @@ bool frmSetup::SaveAll()
     }
     // 2. The business data.
     business->storeToSettings();
-    if (fail(SaveBusiness(c)) || fail(LoadBusiness(c)))
-        return false;
+    if (fail(SaveBusiness(c)) || fail(LoadBusiness(c))) return false;
     // 3, 4. At least one team and one problem description.
     const QStringList teams = assignments->entries();
     if (teams.isEmpty()) {
@@ -274,21 +270,17 @@ bool frmSetup::SaveAll()
     }
     // 5. A folder for every team in the current year.
     for (int n = 1; n <= teams.size(); ++n)
-        if (fail(MakeFolder(c, n)))
-            return false;
+        if (fail(MakeFolder(c, n))) return false;
     // 6. The two lists.
-    if (fail(SaveAssignments(c, teams)))
-        return false;
+    if (fail(SaveAssignments(c, teams))) return false;
     assignments->FillAssignmentLists();
-    if (fail(SaveProblems(c, problemList)) || fail(LoadProblems(c)))
-        return false;
+    if (fail(SaveProblems(c, problemList)) || fail(LoadProblems(c))) return false;
     problems->LoadProblems();
     // 7. Phone, caller ID, alarms and prompts.
     operations->storeToSettings();
     c.v.settings.ckColor = printing->ckColor->isChecked() ? 1 : 0;
     c.v.gPhoneChained = c.v.settings.ckPhone == 1;
-    if (fail(SavePhoneSettings(c)))
-        return false;
+    if (fail(SavePhoneSettings(c))) return false;
     c.v.gCallerID = c.v.settings.ckCallerID == 1;
     c.v.gAlarms = c.v.settings.ckAlarms == 1;
     c.v.gPrompts = c.v.settings.ckPrompts == 1;
@@ -300,8 +292,7 @@ bool frmSetup::SaveAll()
         fail(saved);
         return false;
     }
-    if (fail(SavePhoneSettings(c)))
-        return false;
+    if (fail(SavePhoneSettings(c))) return false;
     // 9. Back to the slip number box when it did not hold a number.
     if (c.v.settings.SlipNumberBad) {
         tabSetup->setCurrentIndex(TabOperations);
@@ -319,3 +310,5 @@ bool frmSetup::SaveAll()
     showSettings();
     return true;
 }
+
+} // namespace tresvane

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "shell/unsavededits.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
+#include "screens/shell/unsavededits.h"
 
 #include <QWidget>
 
@@ -10,6 +10,9 @@ class QFrame;
 class QPushButton;
 class QTabWidget;
 class QToolButton;
+
+namespace tresvane
+{
 class SetupAssignmentsTab;
 class SetupBusinessTab;
 class SetupInvoiceItemsTab;
@@ -90,3 +93,5 @@ private:
     // The controls as the screen came to the front.
     QStringList m_unchanged;
 };
+
+} // namespace tresvane

@@ -1,11 +1,11 @@
-#include "setupassignmentstab.h"
+#include "screens/setup/setupassignmentstab.h"
 
-#include "setup/assignments.h"
-#include "shell/dialogs.h"
-#include "shell/enterkey.h"
-#include "shell/keyfilterwiring.h"
-#include "store/dispatchingvariables.h"
-#include "store/settingsfiles.h"
+#include "core/ports/dialogs.h"
+#include "core/setup/assignments.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/shell/enterkey.h"
+#include "screens/shell/keyfilterwiring.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -13,6 +13,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 SetupAssignmentsTab::SetupAssignmentsTab(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
@@ -88,8 +91,7 @@ void SetupAssignmentsTab::enterTab()
 
 void SetupAssignmentsTab::report(const Status& s)
 {
-    if (!s)
-        c.dialogs.message(s.message());
+    if (!s) c.dialogs.message(s.message());
 }
 
 void SetupAssignmentsTab::cboAssignments_Click(int index)
@@ -158,3 +160,5 @@ void SetupAssignmentsTab::cmdDelete_Click()
     cboAssignments->setEditText(QString());
     cboAssignments->setFocus();
 }
+
+} // namespace tresvane

@@ -1,13 +1,16 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 
 class QComboBox;
 class QLabel;
 class QPushButton;
+
+namespace tresvane
+{
 
 // Tab 1 of the setup screen: the Assignments, the schedulable teams. A team's number is
 // its place in the list and names its folder.
@@ -46,3 +49,5 @@ private:
     void report(const Status& s);
     CoreContext& c;
 };
+
+} // namespace tresvane

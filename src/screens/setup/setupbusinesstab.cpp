@@ -1,10 +1,10 @@
-#include "setupbusinesstab.h"
+#include "screens/setup/setupbusinesstab.h"
 
-#include "setup/addressstyle.h"
-#include "shell/dialogs.h"
-#include "shell/keyfilterwiring.h"
-#include "store/dispatchingvariables.h"
-#include "store/settingsfiles.h"
+#include "core/ports/dialogs.h"
+#include "core/setup/addressstyle.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/shell/keyfilterwiring.h"
 
 #include <QFontMetrics>
 #include <QGridLayout>
@@ -15,11 +15,18 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace tresvane
+{
+
+namespace
+{
 constexpr int kInternationalStateLength = 55;
 // 5385 twips, the width of the two long address lines of the international layout.
 constexpr int kWideTwips = 5385;
-int twipsToPixels(const QWidget* w, int twips) { return twips * w->logicalDpiX() / 1440; }
+int twipsToPixels(const QWidget* w, int twips)
+{
+    return twips * w->logicalDpiX() / 1440;
+}
 } // namespace
 
 SetupBusinessTab::SetupBusinessTab(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
@@ -174,3 +181,5 @@ void SetupBusinessTab::Image5_Click()
     for (int i = 0; i < 9; ++i)
         txtBusiness[i]->setText(c.v.settings.txtBusiness[i]);
 }
+
+} // namespace tresvane

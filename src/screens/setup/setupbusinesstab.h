@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
@@ -10,6 +10,9 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
+
+namespace tresvane
+{
 
 // Tab 0 of the setup screen, Business Info: the company's name and address that head
 // every document, and the switch between the USA and the international address layout.
@@ -40,3 +43,5 @@ private:
     CoreContext& c;
     int m_narrowWidth = 0;
 };
+
+} // namespace tresvane

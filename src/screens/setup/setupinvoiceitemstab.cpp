@@ -1,20 +1,23 @@
-#include "setupinvoiceitemstab.h"
+#include "screens/setup/setupinvoiceitemstab.h"
 
-#include "shell/dialogs.h"
-#include "shell/keyfilterwiring.h"
-#include "setup/setupdata.h"
-#include "shell/updown.h"
-#include "shell/enterkey.h"
-#include "shell/taborder.h"
+#include "core/ports/dialogs.h"
+#include "core/setup/setupdata.h"
+#include "screens/shell/enterkey.h"
+#include "screens/shell/keyfilterwiring.h"
+#include "screens/shell/taborder.h"
+#include "screens/shell/updown.h"
 
-#include <QToolButton>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
@@ -46,9 +49,9 @@ SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
     lstRItems->setToolTip(QStringLiteral("Click to Add to Item List"));
     UpDown1 = new UpDown(QStringLiteral("UpDown1"), this);
 
-    static const char* const captions[6] = {"&Add New Item",      "&Save Modified Item",
+    static const char* const captions[6] = {"&Add New Item",         "&Save Modified Item",
                                             "&Delete Selected Item", "&Clear Items List",
-                                            "&Reload Items List", "&Toggle Help"};
+                                            "&Reload Items List",    "&Toggle Help"};
     auto* buttons = new QVBoxLayout;
     for (int i = 0; i < 6; ++i) {
         cmdRInvoice[i] = new QPushButton(QString::fromLatin1(captions[i]), this);
@@ -128,7 +131,10 @@ Status SetupInvoiceItemsTab::LoadInvoiceItems()
     return s;
 }
 
-Status SetupInvoiceItemsTab::SaveInvoiceItems() { return SetupData::SaveInvoiceItems(c, m_items); }
+Status SetupInvoiceItemsTab::SaveInvoiceItems()
+{
+    return SetupData::SaveInvoiceItems(c, m_items);
+}
 
 void SetupInvoiceItemsTab::showItems(int selected)
 {
@@ -146,8 +152,7 @@ void SetupInvoiceItemsTab::showItems(int selected)
 
 void SetupInvoiceItemsTab::selectEntry(int index)
 {
-    if (index < 0 || index >= m_items.size())
-        return;
+    if (index < 0 || index >= m_items.size()) return;
     const QSignalBlocker a(lstInvoiceItems);
     const QSignalBlocker b(lstInvoiceItemsCost);
     lstInvoiceItems->setCurrentRow(index);
@@ -158,8 +163,7 @@ void SetupInvoiceItemsTab::selectEntry(int index)
 
 void SetupInvoiceItemsTab::lstRItems_Click(int index)
 {
-    if (index < 0 || index >= m_stock.size())
-        return;
+    if (index < 0 || index >= m_stock.size()) return;
     txtInvoiceItem->setText(m_stock[index].name.left(kInvoiceItemNameWidth));
     txtInvoicePrice->setText(m_stock[index].price);
 }
@@ -194,8 +198,7 @@ void SetupInvoiceItemsTab::cmdRInvoice_Click(int index)
     case 2:
         if (!c.dialogs.ask(QStringLiteral("Are you Sure?"), QStringLiteral("Item Deletion")))
             return;
-        if (selected >= 0 && selected < m_items.size())
-            m_items.removeAt(selected);
+        if (selected >= 0 && selected < m_items.size()) m_items.removeAt(selected);
         showItems(-1);
         txtInvoiceItem->clear();
         txtInvoicePrice->clear();
@@ -208,8 +211,7 @@ void SetupInvoiceItemsTab::cmdRInvoice_Click(int index)
         showItems(-1);
         break;
     case 4:
-        if (Status s = LoadInvoiceItems(); !s)
-            c.dialogs.message(s.message());
+        if (Status s = LoadInvoiceItems(); !s) c.dialogs.message(s.message());
         break;
     case 5:
         fraHelp1->setVisible(!fraHelp1->isVisible());
@@ -218,3 +220,5 @@ void SetupInvoiceItemsTab::cmdRInvoice_Click(int index)
         break;
     }
 }
+
+} // namespace tresvane

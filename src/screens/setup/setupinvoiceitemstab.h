@@ -1,8 +1,8 @@
 #pragma once
 
-#include "setup/pricelists.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/setup/pricelists.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
@@ -11,6 +11,9 @@ class QFrame;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+
+namespace tresvane
+{
 class UpDown;
 
 // Tab 5 of the setup screen: the list of items with prices that the Repair invoice
@@ -48,3 +51,5 @@ private:
     QList<PriceEntry> m_items;
     QList<PriceEntry> m_stock;
 };
+
+} // namespace tresvane

@@ -1,19 +1,22 @@
-#include "setuplogotab.h"
+#include "screens/setup/setuplogotab.h"
 
-#include "setup/pricelists.h"
-#include "shell/dialogs.h"
-#include "setup/setupdata.h"
-#include "shell/updown.h"
-#include "shell/taborder.h"
+#include "core/ports/dialogs.h"
+#include "core/setup/pricelists.h"
+#include "core/setup/setupdata.h"
+#include "screens/shell/taborder.h"
+#include "screens/shell/updown.h"
 
-#include <QToolButton>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPixmap>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx), m_width(kDefaultLogoTwips), m_height(kDefaultLogoTwips)
@@ -92,17 +95,18 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
 Status SetupLogoTab::LoadLogo()
 {
     QString path;
-    if (Status s = SetupData::LoadCompanyLogo(c, path); !s)
-        return s;
+    if (Status s = SetupData::LoadCompanyLogo(c, path); !s) return s;
     m_file = QFileInfo::exists(path) ? path : QString();
     showPicture();
-    if (Status s = SetupData::LoadLogoSettings(c, m_width, m_height); !s)
-        return s;
+    if (Status s = SetupData::LoadLogoSettings(c, m_width, m_height); !s) return s;
     showSize();
     return {};
 }
 
-Status SetupLogoTab::SaveLogoSettings() { return SetupData::SaveLogoSettings(c, m_width, m_height); }
+Status SetupLogoTab::SaveLogoSettings()
+{
+    return SetupData::SaveLogoSettings(c, m_width, m_height);
+}
 
 void SetupLogoTab::showPicture()
 {
@@ -125,8 +129,7 @@ void SetupLogoTab::showSize()
                              .arg(m_width / 1440.0, 0, 'f', 2)
                              .arg(m_height / 1440.0, 0, 'f', 2));
     const QPixmap pixmap(m_file);
-    if (pixmap.isNull())
-        return;
+    if (pixmap.isNull()) return;
     const int w = m_width * logicalDpiX() / 1440 / 2;
     const int h = m_height * logicalDpiY() / 1440 / 2;
     Image3->setPixmap(pixmap.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -134,8 +137,7 @@ void SetupLogoTab::showSize()
 
 void SetupLogoTab::chooseFile(const QString& path)
 {
-    if (path.isEmpty())
-        return;
+    if (path.isEmpty()) return;
     m_file = path;
     showPicture();
 }
@@ -150,8 +152,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
                            "*.PNG *.emf *.EMF);;All (*)")));
         break;
     case 1:
-        if (m_file.isEmpty())
-            return;
+        if (m_file.isEmpty()) return;
         if (Status s = SetupData::SaveCompanyLogo(c, m_file); !s) {
             c.dialogs.message(s.message());
             return;
@@ -161,8 +162,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
             return;
         }
         c.dialogs.message(QStringLiteral("Your Logo has been Stored"));
-        if (Status s = LoadLogo(); !s)
-            c.dialogs.message(s.message());
+        if (Status s = LoadLogo(); !s) c.dialogs.message(s.message());
         break;
     case 2:
         if (!c.dialogs.ask(QStringLiteral("This will Delete your Company Logo"),
@@ -172,8 +172,7 @@ void SetupLogoTab::cmdLogo_Click(int index)
         Image2->clear();
         Image3->clear();
         lblLogoFile->clear();
-        if (Status s = SetupData::ClearCompanyLogo(c); !s)
-            c.dialogs.message(s.message());
+        if (Status s = SetupData::ClearCompanyLogo(c); !s) c.dialogs.message(s.message());
         m_width = kDefaultLogoTwips;
         m_height = kDefaultLogoTwips;
         showSize();
@@ -194,3 +193,5 @@ void SetupLogoTab::stepHeight(bool up)
     m_height = LogoSizeStep(m_height, up);
     showSize();
 }
+
+} // namespace tresvane

@@ -1,13 +1,16 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
 
 class QLabel;
 class QPushButton;
+
+namespace tresvane
+{
 class UpDown;
 
 // Tab 6 of the setup screen, Logo: the company's picture and its printed size in twips.
@@ -47,3 +50,5 @@ private:
     int m_width;
     int m_height;
 };
+
+} // namespace tresvane

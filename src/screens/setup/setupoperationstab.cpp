@@ -1,13 +1,13 @@
-#include "setupoperationstab.h"
+#include "screens/setup/setupoperationstab.h"
 
-#include "shell/logo.h"
-#include "shell/named.h"
-#include "shell/dialogs.h"
-#include "store/dispatchingvariables.h"
-#include "store/numbering.h"
-#include "store/settingsfiles.h"
-#include "store/store.h"
-#include "telephony/modemsettings.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
+#include "core/schedule/numbering.h"
+#include "core/setup/settingsfiles.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/shell/logo.h"
+#include "screens/shell/named.h"
+#include "screens/telephony/modemsettings.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -23,7 +23,11 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace tresvane
+{
+
+namespace
+{
 QString sizeCaption(bool letter)
 {
     return letter ? QStringLiteral("USA Letter Size") : QStringLiteral("A4 Size");
@@ -65,9 +69,9 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
     auto* style = new QGroupBox(QStringLiteral("Invoice Style"), invoices);
     optServiceInvoice[0] = named(new QRadioButton(QStringLiteral("Office Style Invoices"), style),
                                  "optServiceInvoice_0");
-    optServiceInvoice[1] = named(
-        new QRadioButton(QStringLiteral("Repair Invoices (perforated paper)"), style),
-        "optServiceInvoice_1");
+    optServiceInvoice[1] =
+        named(new QRadioButton(QStringLiteral("Repair Invoices (perforated paper)"), style),
+              "optServiceInvoice_1");
     optServiceInvoice[2] = named(new QRadioButton(QStringLiteral("Service Order/Invoice"), style),
                                  "optServiceInvoice_2");
     auto* styleLayout = new QVBoxLayout(style);
@@ -84,18 +88,18 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
 
     // 2: phone, alarms and prompts
     auto* phone = new QWidget;
-    ckPhone = named(new QCheckBox(QStringLiteral("Telephone is connected through the Modem"),
-                                  phone),
-                    "ckPhone");
-    ckCallerID = named(new QCheckBox(QStringLiteral("Modem reports Caller ID"), phone),
-                       "ckCallerID");
+    ckPhone =
+        named(new QCheckBox(QStringLiteral("Telephone is connected through the Modem"), phone),
+              "ckPhone");
+    ckCallerID =
+        named(new QCheckBox(QStringLiteral("Modem reports Caller ID"), phone), "ckCallerID");
     lblCallID = named(new QLabel(QStringLiteral("Caller ID requires a service from your "
                                                 "telephone company"),
                                  phone),
                       "lblCallID");
     ckAlarms = named(new QCheckBox(QStringLiteral("Sound Alarm on Errors"), phone), "ckAlarms");
-    ckPrompts = named(new QCheckBox(QStringLiteral("Show Prompts and Confirmations"), phone),
-                      "ckPrompts");
+    ckPrompts =
+        named(new QCheckBox(QStringLiteral("Show Prompts and Confirmations"), phone), "ckPrompts");
     auto* modem = new QGroupBox(QStringLiteral("Modem"), phone);
     txtModemPort = named(new QLineEdit(modem), "txtModemPort");
     txtModemPort->setMaximumWidth(60);
@@ -127,12 +131,12 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
 
     // 3: slip numbering
     auto* slips = new QWidget;
-    ckSlipStyle = named(
-        new QCheckBox(
-            QStringLiteral("Program   =       SA -110-1 Continuous    =     100001"), slips),
-        "ckSlipStyle");
-    auto* slipHint = new QLabel(QStringLiteral("Unchecked - enter once then auto increments"),
-                                slips);
+    ckSlipStyle =
+        named(new QCheckBox(
+                  QStringLiteral("Program   =       SA -110-1 Continuous    =     100001"), slips),
+              "ckSlipStyle");
+    auto* slipHint =
+        new QLabel(QStringLiteral("Unchecked - enter once then auto increments"), slips);
     fraSlipNo = named(new QGroupBox(QStringLiteral("Next Service Slip"), slips), "fraSlipNo");
     txtNextSlip = named(new QLineEdit(fraSlipNo), "txtNextSlip");
     txtNextSlip->setMaximumWidth(120);
@@ -178,7 +182,8 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
             [this](bool on) { ckSize->setText(sizeCaption(on)); });
     connect(ck7, &QRadioButton::clicked, this, [this] { c.v.gStartHour = 7; });
     connect(ck8, &QRadioButton::clicked, this, [this] { c.v.gStartHour = 8; });
-    const std::pair<QRadioButton*, int> weeks[] = {{optMF, 5}, {optMS, 61}, {optSF, 62}, {optSS, 7}};
+    const std::pair<QRadioButton*, int> weeks[] = {
+        {optMF, 5}, {optMS, 61}, {optSF, 62}, {optSS, 7}};
     for (auto [button, code] : weeks)
         connect(button, &QRadioButton::clicked, this, [this, code = code] {
             c.v.gWorkDays = quint8(code);
@@ -186,8 +191,7 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
         });
     for (QRadioButton* b : optServiceInvoice)
         connect(b, &QRadioButton::toggled, this, [this](bool on) {
-            if (on && !m_loading)
-                emit invoiceStyleChanged();
+            if (on && !m_loading) emit invoiceStyleChanged();
         });
 }
 
@@ -276,8 +280,7 @@ void SetupOperationsTab::ckSlipStyle_Click()
     }
     fraSlipNo->setVisible(true);
     c.v.settings.fraSlipNoVisible = true;
-    if (Status s = LoadSlipNo(c); !s)
-        c.dialogs.message(s.message());
+    if (Status s = LoadSlipNo(c); !s) c.dialogs.message(s.message());
     txtNextSlip->setText(c.v.settings.txtNextSlip);
 }
 
@@ -286,11 +289,12 @@ void SetupOperationsTab::cmdServiceSlip_Click(int index)
     c.v.settings.txtNextSlip = txtNextSlip->text();
     ServiceSlipButton(c.v, index);
     txtNextSlip->setText(c.v.settings.txtNextSlip);
-    if (index == 0)
-        txtNextSlip->setFocus();
+    if (index == 0) txtNextSlip->setFocus();
 }
 
 void SetupOperationsTab::Image1_Click()
 {
     tabSub->setCurrentIndex((tabSub->currentIndex() + 1) % tabSub->count());
 }
+
+} // namespace tresvane

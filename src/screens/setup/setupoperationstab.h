@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
@@ -15,6 +15,9 @@ class QPushButton;
 class QRadioButton;
 class QTabWidget;
 class QToolButton;
+
+namespace tresvane
+{
 
 // Tab 3 of the setup screen, Operations, with its sub-tabs: 0 the work week and the first
 // hour, 1 the invoice style and paper, 2 phone, alarms and prompts, 3 slip numbering.
@@ -74,3 +77,5 @@ private:
     CoreContext& c;
     bool m_loading = false;
 };
+
+} // namespace tresvane

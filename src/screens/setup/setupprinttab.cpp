@@ -1,6 +1,6 @@
-#include "setupprinttab.h"
+#include "screens/setup/setupprinttab.h"
 
-#include "store/dispatchingvariables.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
@@ -11,11 +11,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace tresvane
+{
+
 SetupPrintTab::SetupPrintTab(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
     setObjectName(QStringLiteral("tabPrinting"));
-    auto* intro = new QLabel(QStringLiteral("Print settings apply to all types of documents"),
-                             this);
+    auto* intro =
+        new QLabel(QStringLiteral("Print settings apply to all types of documents"), this);
     auto swatch = [this](const char* name) {
         auto* l = new QLabel(this);
         l->setObjectName(QString::fromLatin1(name));
@@ -29,8 +32,7 @@ SetupPrintTab::SetupPrintTab(CoreContext& ctx, QWidget* parent) : QWidget(parent
     lblFont = new QLabel(this);
     lblFont->setObjectName(QStringLiteral("lblFont"));
     lblFont->setMinimumWidth(200);
-    static const char* const captions[4] = {nullptr, "Change Color", "Change Color",
-                                            "Change Font"};
+    static const char* const captions[4] = {nullptr, "Change Color", "Change Color", "Change Font"};
     for (int i = 1; i < 4; ++i) {
         cmdChange[i] = new QPushButton(QString::fromLatin1(captions[i]), this);
         cmdChange[i]->setObjectName(QStringLiteral("cmdChange_%1").arg(i));
@@ -132,14 +134,14 @@ void SetupPrintTab::cmdChange_Click(int index)
     if (index == 1 || index == 2) {
         qint32& value = index == 1 ? m_border : m_text;
         const QColor chosen = QColorDialog::getColor(fromRgbValue(value), this);
-        if (!chosen.isValid())
-            return;
+        if (!chosen.isValid()) return;
         value = toRgbValue(chosen);
         setSwatch(index == 1 ? txtBorders : txtData, value);
     } else if (index == 3) {
         bool ok = false;
         const QFont font = QFontDialog::getFont(&ok, QFont(lblFont->text()), this);
-        if (ok)
-            lblFont->setText(font.family());
+        if (ok) lblFont->setText(font.family());
     }
 }
+
+} // namespace tresvane

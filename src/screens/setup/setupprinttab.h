@@ -1,7 +1,7 @@
 #pragma once
 
-#include "setup/setupdata.h"
-#include "store/corecontext.h"
+#include "core/setup/setupdata.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
@@ -10,6 +10,9 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPushButton;
+
+namespace tresvane
+{
 
 // Tab 4 of the setup screen, Printing: the two colours, the font, colour printing and
 // the number of copies that every document shares.
@@ -46,3 +49,5 @@ private:
     qint32 m_border = 0;
     qint32 m_text = 0;
 };
+
+} // namespace tresvane

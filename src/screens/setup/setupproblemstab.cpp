@@ -1,17 +1,20 @@
-#include "setupproblemstab.h"
+#include "screens/setup/setupproblemstab.h"
 
-#include "schedule/sliprecord.h"
-#include "setup/assignments.h"
-#include "shell/dialogs.h"
-#include "shell/enterkey.h"
-#include "shell/keyfilterwiring.h"
-#include "store/dispatchingvariables.h"
+#include "core/io/sliprecord.h"
+#include "core/ports/dialogs.h"
+#include "core/setup/assignments.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/shell/enterkey.h"
+#include "screens/shell/keyfilterwiring.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 SetupProblemsTab::SetupProblemsTab(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
@@ -87,3 +90,5 @@ void SetupProblemsTab::cmdDeletePC_Click()
     LoadProblems();
     cboProblems->setFocus();
 }
+
+} // namespace tresvane

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 
 class QComboBox;
 class QPushButton;
+
+namespace tresvane
+{
 
 // Tab 2 of the setup screen: the Problem Descriptions offered when a slip is booked.
 class SetupProblemsTab : public QWidget
@@ -28,3 +31,5 @@ public:
 private:
     CoreContext& c;
 };
+
+} // namespace tresvane

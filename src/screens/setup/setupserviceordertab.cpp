@@ -1,7 +1,7 @@
-#include "setupserviceordertab.h"
+#include "screens/setup/setupserviceordertab.h"
 
-#include "shell/dialogs.h"
-#include "store/dispatchingvariables.h"
+#include "core/ports/dialogs.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -10,6 +10,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace tresvane
+{
+
 SetupServiceOrderTab::SetupServiceOrderTab(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
 {
@@ -17,8 +20,7 @@ SetupServiceOrderTab::SetupServiceOrderTab(CoreContext& ctx, QWidget* parent)
     auto list = [this](const char* name, bool multi) {
         auto* l = new QListWidget(this);
         l->setObjectName(QString::fromLatin1(name));
-        if (multi)
-            l->setSelectionMode(QAbstractItemView::MultiSelection);
+        if (multi) l->setSelectionMode(QAbstractItemView::MultiSelection);
         return l;
     };
     lstServices = list("lstServices", true);
@@ -94,8 +96,7 @@ QList<PriceEntry> SetupServiceOrderTab::selected(QListWidget* list,
 {
     QList<PriceEntry> out;
     for (int i = 0; i < list->count(); ++i)
-        if (list->item(i)->isSelected() && i < source.size())
-            out << source[i];
+        if (list->item(i)->isSelected() && i < source.size()) out << source[i];
     return out;
 }
 
@@ -121,11 +122,11 @@ void SetupServiceOrderTab::cmdServiceOrder_Click(int index)
         fraSelectedItems->setVisible(true);
         return;
     }
-    if (!c.dialogs.ask(QStringLiteral("Are you sure?"), QStringLiteral("Confirm Deletion")))
-        return;
-    if (Status s = SetupData::DeleteCurrentSelection(c); !s)
-        c.dialogs.message(s.message());
+    if (!c.dialogs.ask(QStringLiteral("Are you sure?"), QStringLiteral("Confirm Deletion"))) return;
+    if (Status s = SetupData::DeleteCurrentSelection(c); !s) c.dialogs.message(s.message());
     lstCurrentServices->clear();
     lstCurrentItems->clear();
     fraSelectedItems->setVisible(false);
 }
+
+} // namespace tresvane

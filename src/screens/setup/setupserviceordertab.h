@@ -1,7 +1,7 @@
 #pragma once
 
-#include "setup/setupdata.h"
-#include "store/corecontext.h"
+#include "core/setup/setupdata.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
@@ -9,6 +9,9 @@
 class QGroupBox;
 class QListWidget;
 class QPushButton;
+
+namespace tresvane
+{
 
 // Tab 7 of the setup screen: the services and items a Service Order invoice pre-prints,
 // at most 8 of each, chosen from the catalogues of the sibling programs and the custom
@@ -36,3 +39,5 @@ private:
     QList<PriceEntry> m_services;
     QList<PriceEntry> m_items;
 };
+
+} // namespace tresvane

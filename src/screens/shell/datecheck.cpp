@@ -1,11 +1,14 @@
-#include "datecheck.h"
+#include "screens/shell/datecheck.h"
 
-#include "shell/keyfilters.h"
+#include "core/entry/keyfilters.h"
 
 #include <QDateEdit>
 #include <QKeyEvent>
 #include <QRegularExpression>
 #include <QSignalBlocker>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -104,3 +107,5 @@ void WireDateCheck(QDateEdit* box, Dialogs& dialogs)
     box->setKeyboardTracking(false);
     box->installEventFilter(new DateCheck(box, dialogs));
 }
+
+} // namespace tresvane

@@ -1,9 +1,12 @@
-#include "enterkey.h"
+#include "screens/shell/enterkey.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
+
+namespace tresvane
+{
 
 void EnterClicks(QLineEdit* box, QAbstractButton* button)
 {
@@ -17,3 +20,5 @@ void EnterClicks(QLineEdit* box, QAbstractButton* button)
         });
     });
 }
+
+} // namespace tresvane

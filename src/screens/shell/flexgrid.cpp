@@ -1,7 +1,7 @@
-#include "flexgrid.h"
+#include "screens/shell/flexgrid.h"
 
-#include "shell/keyfilters.h"
-#include "store/textfile.h"
+#include "core/entry/keyfilters.h"
+#include "core/io/textfile.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -9,6 +9,9 @@
 
 #include <algorithm>
 #include <numeric>
+
+namespace tresvane
+{
 
 int FlexGridModel::rowCount(const QModelIndex& parent) const
 {
@@ -22,31 +25,26 @@ int FlexGridModel::columnCount(const QModelIndex& parent) const
 
 QVariant FlexGridModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_rows.size())
-        return {};
+    if (!index.isValid() || index.row() >= m_rows.size()) return {};
     const Row& row = m_rows[index.row()];
     switch (role) {
     case Qt::DisplayRole:
         return index.column() < row.cells.size() ? row.cells[index.column()] : QString();
     case Qt::BackgroundRole: {
         const auto it = row.styles.constFind(index.column());
-        if (it != row.styles.constEnd() && it->back.isValid())
-            return it->back;
+        if (it != row.styles.constEnd() && it->back.isValid()) return it->back;
         return {};
     }
     case Qt::ForegroundRole: {
         const auto it = row.styles.constFind(index.column());
-        if (it != row.styles.constEnd() && it->fore.isValid())
-            return it->fore;
+        if (it != row.styles.constEnd() && it->fore.isValid()) return it->fore;
         return {};
     }
     case Qt::TextAlignmentRole: {
         const auto it = row.styles.constFind(index.column());
-        if (it != row.styles.constEnd() && it->hasAlignment)
-            return int(it->alignment);
+        if (it != row.styles.constEnd() && it->hasAlignment) return int(it->alignment);
         const auto col = m_columnAlignment.constFind(index.column());
-        if (col != m_columnAlignment.constEnd())
-            return int(*col);
+        if (col != m_columnAlignment.constEnd()) return int(*col);
         return int(Qt::AlignLeft | Qt::AlignVCenter);
     }
     default:
@@ -58,15 +56,13 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
         return section < m_headings.size() ? m_headings[section] : QString();
-    if (orientation == Qt::Vertical && role == Qt::DisplayRole)
-        return section + 1;
+    if (orientation == Qt::Vertical && role == Qt::DisplayRole) return section + 1;
     return {};
 }
 
 void FlexGridModel::setHeadings(const QStringList& headings)
 {
-    if (headings.size() > m_cols)
-        setColumnCount(int(headings.size()));
+    if (headings.size() > m_cols) setColumnCount(int(headings.size()));
     m_headings = headings;
     emit headerDataChanged(Qt::Horizontal, 0, std::max(0, m_cols - 1));
 }
@@ -102,8 +98,7 @@ void FlexGridModel::setRowCount(int rows)
 void FlexGridModel::setColumnCount(int cols)
 {
     cols = std::max(0, cols);
-    if (cols == m_cols)
-        return;
+    if (cols == m_cols) return;
     beginResetModel();
     m_cols = cols;
     endResetModel();
@@ -111,8 +106,7 @@ void FlexGridModel::setColumnCount(int cols)
 
 void FlexGridModel::appendRow(const QStringList& cells)
 {
-    if (cells.size() > m_cols)
-        setColumnCount(int(cells.size()));
+    if (cells.size() > m_cols) setColumnCount(int(cells.size()));
     beginInsertRows({}, int(m_rows.size()), int(m_rows.size()));
     m_rows.append(Row{cells, {}});
     endInsertRows();
@@ -120,8 +114,7 @@ void FlexGridModel::appendRow(const QStringList& cells)
 
 void FlexGridModel::removeRowAt(int row)
 {
-    if (row < 0 || row >= m_rows.size())
-        return;
+    if (row < 0 || row >= m_rows.size()) return;
     beginRemoveRows({}, row, row);
     m_rows.removeAt(row);
     endRemoveRows();
@@ -129,20 +122,16 @@ void FlexGridModel::removeRowAt(int row)
 
 QString FlexGridModel::text(int row, int col) const
 {
-    if (row < 0 || row >= m_rows.size() || col < 0 || col >= m_rows[row].cells.size())
-        return {};
+    if (row < 0 || row >= m_rows.size() || col < 0 || col >= m_rows[row].cells.size()) return {};
     return m_rows[row].cells[col];
 }
 
 void FlexGridModel::setText(int row, int col, const QString& text)
 {
-    if (row < 0 || row >= m_rows.size() || col < 0)
-        return;
-    if (col >= m_cols)
-        setColumnCount(col + 1);
+    if (row < 0 || row >= m_rows.size() || col < 0) return;
+    if (col >= m_cols) setColumnCount(col + 1);
     QStringList& cells = m_rows[row].cells;
-    if (col >= cells.size())
-        cells.resize(col + 1);
+    if (col >= cells.size()) cells.resize(col + 1);
     cells[col] = text;
     const QModelIndex i = index(row, col);
     emit dataChanged(i, i, {Qt::DisplayRole});
@@ -150,8 +139,7 @@ void FlexGridModel::setText(int row, int col, const QString& text)
 
 QStringList FlexGridModel::rowTexts(int row) const
 {
-    if (row < 0 || row >= m_rows.size())
-        return {};
+    if (row < 0 || row >= m_rows.size()) return {};
     QStringList cells = m_rows[row].cells;
     cells.resize(m_cols);
     return cells;
@@ -159,31 +147,27 @@ QStringList FlexGridModel::rowTexts(int row) const
 
 FlexGridModel::CellStyle FlexGridModel::style(int row, int col) const
 {
-    if (row < 0 || row >= m_rows.size())
-        return {};
+    if (row < 0 || row >= m_rows.size()) return {};
     return m_rows[row].styles.value(col);
 }
 
 void FlexGridModel::setBackColor(int row, int col, const QColor& color)
 {
-    if (row < 0 || row >= m_rows.size())
-        return;
+    if (row < 0 || row >= m_rows.size()) return;
     m_rows[row].styles[col].back = color;
     emit dataChanged(index(row, col), index(row, col), {Qt::BackgroundRole});
 }
 
 void FlexGridModel::setForeColor(int row, int col, const QColor& color)
 {
-    if (row < 0 || row >= m_rows.size())
-        return;
+    if (row < 0 || row >= m_rows.size()) return;
     m_rows[row].styles[col].fore = color;
     emit dataChanged(index(row, col), index(row, col), {Qt::ForegroundRole});
 }
 
 void FlexGridModel::setAlignment(int row, int col, Qt::Alignment alignment)
 {
-    if (row < 0 || row >= m_rows.size())
-        return;
+    if (row < 0 || row >= m_rows.size()) return;
     CellStyle& s = m_rows[row].styles[col];
     s.alignment = alignment;
     s.hasAlignment = true;
@@ -258,9 +242,15 @@ void FlexGrid::sortByNumber(int col, Qt::SortOrder order)
     m_model->sortRows(col, FlexGridModel::SortKind::Number, order);
 }
 
-int FlexGrid::topRow() const { return std::max(0, rowAt(0)); }
+int FlexGrid::topRow() const
+{
+    return std::max(0, rowAt(0));
+}
 
-void FlexGrid::setTopRow(int row) { verticalScrollBar()->setValue(row); }
+void FlexGrid::setTopRow(int row)
+{
+    verticalScrollBar()->setValue(row);
+}
 
 int FlexGrid::visibleRows() const
 {
@@ -289,7 +279,8 @@ void FlexGrid::wheelEvent(QWheelEvent* event)
     for (int i = 0; i < std::abs(notches); ++i)
         top = WheelTopRow(top, rows() + 1, visibleRows(), notches);
     const int wanted = top - 1;
-    if (wanted != topRow())
-        setTopRow(wanted);
+    if (wanted != topRow()) setTopRow(wanted);
     event->accept();
 }
+
+} // namespace tresvane

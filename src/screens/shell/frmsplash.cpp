@@ -1,9 +1,9 @@
-#include "frmsplash.h"
+#include "screens/shell/frmsplash.h"
 
-#include "logo.h"
-#include "shell/dialogs.h"
-#include "shell/startup.h"
-#include "store/clock.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "core/session/startup.h"
+#include "screens/shell/logo.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -16,7 +16,11 @@
 #define DISPATCH_VERSION "0.1.0"
 #endif
 
-namespace {
+namespace tresvane
+{
+
+namespace
+{
 QToolButton* logoButton(QWidget* parent, int size, const QString& name)
 {
     auto* b = new QToolButton(parent);
@@ -30,7 +34,10 @@ QToolButton* logoButton(QWidget* parent, int size, const QString& name)
 }
 } // namespace
 
-QString frmSplash::VersionText() { return QStringLiteral("Version ") + DISPATCH_VERSION; }
+QString frmSplash::VersionText()
+{
+    return QStringLiteral("Version ") + DISPATCH_VERSION;
+}
 
 frmSplash::frmSplash(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
@@ -135,7 +142,8 @@ void frmSplash::cmdContinue_Click()
 
 void frmSplash::Image1_Click(int index)
 {
-    if (index == 1)
-        fraWelcome->setVisible(false);
+    if (index == 1) fraWelcome->setVisible(false);
     emit showSetup();
 }
+
+} // namespace tresvane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/corecontext.h"
+#include "core/state/corecontext.h"
 
 #include <QWidget>
 #include <array>
@@ -9,6 +9,9 @@ class QFrame;
 class QLabel;
 class QPushButton;
 class QToolButton;
+
+namespace tresvane
+{
 
 // The start-up welcome form. Continue goes to the menu when the required files stand and
 // shows the welcome panel when they do not; the logo leads to the setup screen.
@@ -42,3 +45,5 @@ signals:
 private:
     CoreContext& c;
 };
+
+} // namespace tresvane

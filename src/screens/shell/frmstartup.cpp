@@ -1,10 +1,10 @@
-#include "frmstartup.h"
+#include "screens/shell/frmstartup.h"
 
-#include "shell/dialogs.h"
-#include "shell/taborder.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
-#include "weburls.h"
+#include "core/io/store.h"
+#include "core/ports/dialogs.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/shell/taborder.h"
+#include "screens/shell/weburls.h"
 
 #include <QAction>
 #include <QGridLayout>
@@ -14,7 +14,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
+namespace tresvane
+{
+
+namespace
+{
 // The four groups of the menu and their entries, in the order they are shown.
 struct Group {
     const char* heading;
@@ -41,8 +45,8 @@ const char* kEntryStyle =
     "QPushButton:disabled { color: #9a9a9a; }";
 } // namespace
 
-frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled,
-                       std::function<bool(int)> screenExists, QWidget* parent)
+frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled, std::function<bool(int)> screenExists,
+                       QWidget* parent)
     : QMainWindow(parent), c(ctx), PrintEnabled(printEnabled),
       m_screenExists(std::move(screenExists))
 {
@@ -55,8 +59,8 @@ frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled,
     layout->setContentsMargins(24, 16, 24, 16);
     layout->setSpacing(12);
 
-    lblInstruction = new QLabel(QStringLiteral("Click on the Sub-routine you wish to Perform"),
-                                central);
+    lblInstruction =
+        new QLabel(QStringLiteral("Click on the Sub-routine you wish to Perform"), central);
     lblInstruction->setObjectName(QStringLiteral("lblInstruction"));
     QFont heading = lblInstruction->font();
     heading.setPointSizeF(heading.pointSizeF() * 1.3);
@@ -172,8 +176,7 @@ void frmStartup::supplier(QAction* action, const QString& url, const QString& ti
                           const QString& question)
 {
     connect(action, &QAction::triggered, this, [this, url, title, question] {
-        if (!question.isEmpty() && !c.dialogs.ask(question, title))
-            return;
+        if (!question.isEmpty() && !c.dialogs.ask(question, title)) return;
         emit openWebPage(url);
     });
 }
@@ -206,7 +209,8 @@ void frmStartup::Form_Activate()
 
 void frmStartup::lblSub_Click(int index)
 {
-    if (index < 0 || index >= kMenuEntries || !lblSub[index]->isEnabled())
-        return;
+    if (index < 0 || index >= kMenuEntries || !lblSub[index]->isEnabled()) return;
     emit entryChosen(index);
 }
+
+} // namespace tresvane

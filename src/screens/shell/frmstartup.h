@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/menurules.h"
-#include "store/corecontext.h"
+#include "core/session/menurules.h"
+#include "core/state/corecontext.h"
 
 #include <QMainWindow>
 #include <array>
@@ -11,6 +11,9 @@ class QAction;
 class QLabel;
 class QMenu;
 class QPushButton;
+
+namespace tresvane
+{
 
 // The main menu, "Tresvane Dispatcher Sub Routine Menu": four groups of entries, each
 // leading to a working screen, and the menu bar. Each time it comes up it works out from
@@ -69,3 +72,5 @@ private:
     std::function<bool(int)> m_screenExists;
     MenuState m_state;
 };
+
+} // namespace tresvane

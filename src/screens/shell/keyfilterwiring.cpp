@@ -1,10 +1,13 @@
-#include "keyfilterwiring.h"
+#include "screens/shell/keyfilterwiring.h"
 
-#include "shell/keyfilters.h"
+#include "core/entry/keyfilters.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -133,3 +136,5 @@ void WireKeyFilter(QComboBox* box, KeyFilterKind kind, Dialogs& dialogs)
 {
     if (QLineEdit* edit = box->lineEdit()) WireKeyFilter(edit, kind, dialogs);
 }
+
+} // namespace tresvane

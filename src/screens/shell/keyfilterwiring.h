@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QObject>
-
-class Dialogs;
 class QComboBox;
 class QLineEdit;
+
+namespace tresvane
+{
+
+class Dialogs;
 
 // Puts the key filters in front of a box: each typed character goes through the filter
 // and is dropped when the filter refuses it. Keys that type nothing (arrows, delete) and
@@ -18,3 +21,5 @@ enum class KeyFilterKind {
 
 void WireKeyFilter(QLineEdit* box, KeyFilterKind kind, Dialogs& dialogs);
 void WireKeyFilter(QComboBox* box, KeyFilterKind kind, Dialogs& dialogs);
+
+} // namespace tresvane

@@ -1,8 +1,11 @@
-#include "logo.h"
+#include "screens/shell/logo.h"
 
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+
+namespace tresvane
+{
 
 QPixmap ProgramMark(int size)
 {
@@ -27,3 +30,5 @@ QPixmap ProgramMark(int size)
     p.drawText(tile, Qt::AlignCenter, QStringLiteral("TD"));
     return pixmap;
 }
+
+} // namespace tresvane

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+namespace tresvane
+{
+
 // Gives a control its name, so tests and screenshots find it with findChild, and hands it
 // back for the assignment: fgGrid = named(new FlexGrid(this), "fgGrid").
 template <typename T> T* named(T* w, const QString& name)
@@ -9,3 +12,5 @@ template <typename T> T* named(T* w, const QString& name)
     w->setObjectName(name);
     return w;
 }
+
+} // namespace tresvane

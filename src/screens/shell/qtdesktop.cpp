@@ -1,9 +1,12 @@
-#include "qtdesktop.h"
+#include "screens/shell/qtdesktop.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QUrl>
+
+namespace tresvane
+{
 
 bool QtDesktop::openUrl(const QString& url)
 {
@@ -14,3 +17,5 @@ void QtDesktop::setClipboardText(const QString& text)
 {
     QGuiApplication::clipboard()->setText(text);
 }
+
+} // namespace tresvane

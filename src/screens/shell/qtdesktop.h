@@ -1,6 +1,9 @@
 #pragma once
 
-#include "shell/desktop.h"
+#include "core/ports/desktop.h"
+
+namespace tresvane
+{
 
 // The browser through QDesktopServices, the clipboard through QClipboard.
 class QtDesktop final : public Desktop
@@ -9,3 +12,5 @@ public:
     bool openUrl(const QString& url) override;
     void setClipboardText(const QString& text) override;
 };
+
+} // namespace tresvane

@@ -1,4 +1,4 @@
-#include "qtdialogs.h"
+#include "screens/shell/qtdialogs.h"
 
 #include <QApplication>
 #include <QFontMetrics>
@@ -7,6 +7,9 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QSpacerItem>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -117,3 +120,5 @@ void QtDialogs::beep()
 {
     QApplication::beep();
 }
+
+} // namespace tresvane

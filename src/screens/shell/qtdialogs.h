@@ -1,8 +1,11 @@
 #pragma once
 
-#include "shell/dialogs.h"
+#include "core/ports/dialogs.h"
 
 class QWidget;
+
+namespace tresvane
+{
 
 // Messages and input boxes as Qt's message box and input dialog.
 class QtDialogs final : public Dialogs
@@ -11,8 +14,7 @@ public:
     explicit QtDialogs(QWidget* parent = nullptr) : m_parent(parent) {}
     void setParent(QWidget* parent) { m_parent = parent; }
 
-    Answer message(const QString& text, const QString& title, Buttons buttons,
-                   Icon icon) override;
+    Answer message(const QString& text, const QString& title, Buttons buttons, Icon icon) override;
     std::optional<QString> input(const QString& prompt, const QString& title,
                                  const QString& defaultText) override;
     void beep() override;
@@ -20,3 +22,5 @@ public:
 private:
     QWidget* m_parent;
 };
+
+} // namespace tresvane

@@ -1,10 +1,13 @@
-#include "screenframe.h"
+#include "screens/shell/screenframe.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
 #include <QWidget>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -82,8 +85,7 @@ QRect PlaceOnScreen(QRect window, const QRect& available, bool centre)
 void ScreenFrame::restore()
 {
     // Tests and screenshots lay screens out at sizes of their own choosing.
-    if (!g_geometryKept)
-        return;
+    if (!g_geometryKept) return;
     bool restored = false;
     {
         QSettings settings(QStringLiteral("TresvaneDispatcher"), m_key);
@@ -118,3 +120,5 @@ void ResetScreen(QWidget* form)
             w->setEnabled(false);
     }
 }
+
+} // namespace tresvane

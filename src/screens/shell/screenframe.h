@@ -7,6 +7,9 @@
 
 class QWidget;
 
+namespace tresvane
+{
+
 // What every screen shares: its size and place kept between runs in QSettings under the
 // program's key, and the close box, which ends the program through ExitProgram. A screen
 // hidden or destroyed by code does not pass through the close box.
@@ -49,3 +52,5 @@ QRect PlaceOnScreen(QRect window, const QRect& available, bool centre);
 // Resets a screen by the tags of its controls (the dynamic property "Tag"): "Hide" and
 // "Instruction" become invisible, "Button" is disabled, untagged controls are left alone.
 void ResetScreen(QWidget* form);
+
+} // namespace tresvane

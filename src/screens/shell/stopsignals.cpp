@@ -1,10 +1,13 @@
-#include "stopsignals.h"
+#include "screens/shell/stopsignals.h"
 
 #include <QSocketNotifier>
 
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -48,3 +51,5 @@ StopSignals::~StopSignals()
         fd = -1;
     }
 }
+
+} // namespace tresvane

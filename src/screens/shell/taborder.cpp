@@ -1,6 +1,9 @@
-#include "taborder.h"
+#include "screens/shell/taborder.h"
 
 #include <QWidget>
+
+namespace tresvane
+{
 
 void SetTabChain(const QList<QWidget*>& widgets)
 {
@@ -12,3 +15,5 @@ void SetTabChain(std::initializer_list<QWidget*> widgets)
 {
     SetTabChain(QList<QWidget*>(widgets));
 }
+
+} // namespace tresvane

@@ -1,4 +1,4 @@
-#include "unsavededits.h"
+#include "screens/shell/unsavededits.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
@@ -8,6 +8,9 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+
+namespace tresvane
+{
 
 QStringList CaptureControls(const QWidget* form)
 {
@@ -43,3 +46,5 @@ QStringList CaptureControls(const QWidget* form)
     }
     return values;
 }
+
+} // namespace tresvane

@@ -1,7 +1,10 @@
-#include "updown.h"
+#include "screens/shell/updown.h"
 
 #include <QToolButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 UpDown::UpDown(const QString& name, QWidget* parent) : QWidget(parent)
 {
@@ -20,3 +23,5 @@ UpDown::UpDown(const QString& name, QWidget* parent) : QWidget(parent)
     connect(up, &QToolButton::clicked, this, &UpDown::upClicked);
     connect(down, &QToolButton::clicked, this, &UpDown::downClicked);
 }
+
+} // namespace tresvane

@@ -4,6 +4,9 @@
 
 class QToolButton;
 
+namespace tresvane
+{
+
 // A pair of arrow buttons, the spin button that moves an entry or steps a value.
 class UpDown : public QWidget
 {
@@ -17,3 +20,5 @@ signals:
     void upClicked();
     void downClicked();
 };
+
+} // namespace tresvane

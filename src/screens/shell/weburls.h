@@ -2,9 +2,13 @@
 
 #include <QString>
 
+namespace tresvane
+{
+
 // The web addresses the program opens. They are configuration of the build (CMake cache
 // variables of the same names), not of the data folder.
-namespace WebUrls {
+namespace WebUrls
+{
 QString HomePage();
 QString Manual();
 QString Checks();
@@ -15,3 +19,5 @@ QString ProposalSets();
 QString AddressLabels();
 QString ShippingLabels();
 } // namespace WebUrls
+
+} // namespace tresvane

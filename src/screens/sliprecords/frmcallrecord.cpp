@@ -1,15 +1,15 @@
-#include "frmcallrecord.h"
+#include "screens/sliprecords/frmcallrecord.h"
 
-#include "schedule/sliprecord.h"
-#include "shell/dialogs.h"
-#include "shell/enterkey.h"
-#include "shell/flexgrid.h"
-#include "shell/taborder.h"
-#include "sliprecords/deletecallrec.h"
-#include "sliprecords/recordsummary.h"
-#include "store/clock.h"
-#include "store/dispatchingvariables.h"
-#include "store/store.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "core/sliprecords/deletecallrec.h"
+#include "core/sliprecords/recordsummary.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/shell/enterkey.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/taborder.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -25,6 +25,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -381,7 +384,8 @@ void frmCallRecord::ReadCallSlip()
     const SearchBy by = optSearchby[2]->isChecked()   ? SearchBy::ConfirmationNo
                         : optSearchby[1]->isChecked() ? SearchBy::AccountNo
                                                       : SearchBy::AllRecords;
-    Result<bool> found = ::ReadCallSlip(c, SearchFile, by, txtConfNo->text(), txtTelNo->text());
+    Result<bool> found =
+        tresvane::ReadCallSlip(c, SearchFile, by, txtConfNo->text(), txtTelNo->text());
     if (fail(found.status())) return;
     if (*found) {
         Found = 1;
@@ -393,7 +397,7 @@ void frmCallRecord::ReadCallSlip()
 
 void frmCallRecord::ReadSequentually()
 {
-    Result<SequentialRead> step = ::ReadSequentually(c, SearchFile, RecPointer);
+    Result<SequentialRead> step = tresvane::ReadSequentually(c, SearchFile, RecPointer);
     if (fail(step.status())) return;
     switch (*step) {
     case SequentialRead::Loaded:
@@ -422,7 +426,7 @@ void frmCallRecord::cmdContinue_Click()
 
 void frmCallRecord::LoadRecData()
 {
-    const RecordDetail d = ::LoadRecData(c, CompletionInstalled);
+    const RecordDetail d = tresvane::LoadRecData(c, CompletionInstalled);
     EventKind = d.EventKind;
     TimeLabel = d.timeLabel;
     // The record found is what the user is after: the list gives way to it.
@@ -538,3 +542,5 @@ void frmCallRecord::mnuView_Click()
     showSummary(fraSummary->isHidden());
     mnuView->setText(mnuView->text() == kListView ? kDetailView : kListView);
 }
+
+} // namespace tresvane

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "sliprecords/recordsearch.h"
-#include "store/corecontext.h"
-#include "store/result.h"
+#include "core/io/result.h"
+#include "core/sliprecords/recordsearch.h"
+#include "core/state/corecontext.h"
 
 #include <QMainWindow>
 #include <array>
-
-class FlexGrid;
 class QAction;
 class QButtonGroup;
 class QGroupBox;
@@ -15,6 +13,11 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
+
+namespace tresvane
+{
+
+class FlexGrid;
 
 // "Service Attention Record Summary": the screen on which a dispatcher finds a booked slip
 // or meeting again, by the summary grid, by account or confirmation number, or by stepping
@@ -124,3 +127,5 @@ private:
     QButtonGroup* m_searchFor;
     QButtonGroup* m_searchBy;
 };
+
+} // namespace tresvane

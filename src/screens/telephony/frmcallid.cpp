@@ -1,11 +1,11 @@
-#include "frmcallid.h"
+#include "screens/telephony/frmcallid.h"
 
-#include "shell/dialogs.h"
-#include "shell/named.h"
-#include "shell/flexgrid.h"
-#include "shell/seriallink.h"
-#include "store/clock.h"
-#include "store/store.h"
+#include "core/io/store.h"
+#include "core/ports/clock.h"
+#include "core/ports/dialogs.h"
+#include "core/ports/seriallink.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/named.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -14,6 +14,9 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -251,3 +254,5 @@ void frmCallID::hideEvent(QHideEvent* event)
     LeaveMonitoring();
     QWidget::hideEvent(event);
 }
+
+} // namespace tresvane

@@ -1,18 +1,21 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "telephony/calleridparser.h"
-#include "telephony/storedcalls.h"
+#include "core/state/corecontext.h"
+#include "core/telephony/calleridparser.h"
+#include "core/telephony/storedcalls.h"
 
 #include <QTimer>
 #include <QWidget>
 #include <array>
-
-class FlexGrid;
 class QFrame;
 class QLabel;
 class QPushButton;
 class QSpinBox;
+
+namespace tresvane
+{
+
+class FlexGrid;
 class SerialLink;
 
 // "Unattended Call Monitoring": while the office is away the modem's caller ID reports
@@ -87,3 +90,5 @@ private:
     bool m_firstTick = true;
     bool m_callerId = false;
 };
+
+} // namespace tresvane

@@ -1,8 +1,8 @@
-#include "frmdialer.h"
+#include "screens/telephony/frmdialer.h"
 
-#include "shell/dialogs.h"
-#include "shell/named.h"
-#include "shell/seriallink.h"
+#include "core/ports/dialogs.h"
+#include "core/ports/seriallink.h"
+#include "screens/shell/named.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -13,6 +13,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -181,7 +184,7 @@ void frmDialer::LoadSpeedNumbers()
 
 bool frmDialer::WriteSpeedNumbers()
 {
-    if (Status s = ::WriteSpeedNumbers(c.store, m_speed); !s) {
+    if (Status s = tresvane::WriteSpeedNumbers(c.store, m_speed); !s) {
         c.dialogs.message(s.message());
         return false;
     }
@@ -328,3 +331,5 @@ void frmDialer::cmdHelp_Click()
     cmdHelp->setText(fraHelp->isHidden() ? QStringLiteral("Show Help")
                                          : QStringLiteral("Hide Help"));
 }
+
+} // namespace tresvane

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/corecontext.h"
-#include "telephony/speednumbers.h"
+#include "core/state/corecontext.h"
+#include "core/telephony/speednumbers.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -12,6 +12,9 @@ class QFrame;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+
+namespace tresvane
+{
 class SerialLink;
 
 // The dialer: dials a number through the modem so that the user can pick up the telephone
@@ -90,3 +93,5 @@ private:
     QTimer m_waitNotice;
     bool m_dialing = false;
 };
+
+} // namespace tresvane

@@ -1,7 +1,10 @@
-#include "modemsettings.h"
+#include "screens/telephony/modemsettings.h"
 
 #include <QSerialPortInfo>
 #include <QSettings>
+
+namespace tresvane
+{
 
 namespace
 {
@@ -31,3 +34,5 @@ QStringList SerialDevicesOnSystem()
     devices.sort();
     return devices;
 }
+
+} // namespace tresvane

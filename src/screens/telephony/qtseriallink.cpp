@@ -1,9 +1,12 @@
-#include "qtseriallink.h"
+#include "screens/telephony/qtseriallink.h"
 
 #include <QFileInfo>
 #include <QSerialPort>
 
 #include <unistd.h>
+
+namespace tresvane
+{
 
 QtSerialLink::QtSerialLink(QObject* parent) : SerialLink(parent), m_port(new QSerialPort(this))
 {
@@ -97,3 +100,5 @@ void QtSerialLink::clear()
         m_port->clear(QSerialPort::Input);
     }
 }
+
+} // namespace tresvane

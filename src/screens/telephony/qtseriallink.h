@@ -1,8 +1,11 @@
 #pragma once
 
-#include "shell/seriallink.h"
+#include "core/ports/seriallink.h"
 
 class QSerialPort;
+
+namespace tresvane
+{
 
 // The modem's serial line through QSerialPort.
 class QtSerialLink final : public SerialLink
@@ -28,3 +31,5 @@ private:
     QSerialPort* m_port;
     QString m_device;
 };
+
+} // namespace tresvane

@@ -2,6 +2,9 @@
 
 #include <QByteArray>
 
+namespace tresvane
+{
+
 // Customer records laid down by hand, field by field, in Windows-1252, independent of the
 // record codec.
 struct HandCustomer {
@@ -50,3 +53,5 @@ inline QByteArray companionBytes(int length, int seed)
         b[i] = char((i * 37 + seed) & 0xff);
     return b;
 }
+
+} // namespace tresvane

@@ -1,6 +1,8 @@
-#include "customers/accountindex.h"
+#include "core/customers/accountindex.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

@@ -1,11 +1,13 @@
+#include "core/customers/customerdelete.h"
+#include "core/customers/customerediting.h"
+#include "core/customers/customerfiles.h"
+#include "core/customers/customernavigation.h"
 #include "customerbytes.h"
-#include "customers/customerdelete.h"
-#include "customers/customerediting.h"
-#include "customers/customerfiles.h"
-#include "customers/customernavigation.h"
 #include "programfolder.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

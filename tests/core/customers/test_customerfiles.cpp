@@ -1,16 +1,31 @@
+#include "core/customers/customerfiles.h"
+#include "core/io/usforms.h"
 #include "customerbytes.h"
-#include "customers/customerfiles.h"
 #include "programfolder.h"
-#include "store/usforms.h"
 
 #include <QtTest>
 
-namespace {
+using namespace tresvane;
 
-QByteArray text(const char* s, int width) { return padded(s, width); }
-QByteArray blanks(int width) { return QByteArray(width, ' '); }
-QByteArray zeros(int width) { return QByteArray(width, '\0'); }
-QByteArray hex(const char* h) { return QByteArray::fromHex(h); }
+namespace
+{
+
+QByteArray text(const char* s, int width)
+{
+    return padded(s, width);
+}
+QByteArray blanks(int width)
+{
+    return QByteArray(width, ' ');
+}
+QByteArray zeros(int width)
+{
+    return QByteArray(width, '\0');
+}
+QByteArray hex(const char* h)
+{
+    return QByteArray::fromHex(h);
+}
 
 const QByteArray kMinusOne = hex("ffff");
 const QByteArray kZero16 = hex("0000");
@@ -116,11 +131,23 @@ void TestCustomerFiles::customerRecordMatchesHandWrittenBytes()
 
     // The same record built field by field gives the same bytes.
     CustomerRecord built;
-    const char* values[] = {"ACME-1",       "Acme Heating & Cooling", "12 Elm St",   "Suite 4",
-                            "Springfield",  "Springfield",            "IL",          "62704",
-                            "62704",        "217-555-0100",           "217-555-0199",
-                            "fax 217-555-0101", "Mr.",                "John",        "Q",
-                            "Public",       "Individual"};
+    const char* values[] = {"ACME-1",
+                            "Acme Heating & Cooling",
+                            "12 Elm St",
+                            "Suite 4",
+                            "Springfield",
+                            "Springfield",
+                            "IL",
+                            "62704",
+                            "62704",
+                            "217-555-0100",
+                            "217-555-0199",
+                            "fax 217-555-0101",
+                            "Mr.",
+                            "John",
+                            "Q",
+                            "Public",
+                            "Individual"};
     for (int i = 0; i <= CustomerField::AccountType; ++i)
         built.setText(i, QString::fromLatin1(values[i]));
     built.setInt16(CustomerField::RecordMark, 1);
@@ -307,8 +334,7 @@ void TestCustomerFiles::buildContractInfo()
     const QByteArray file = f.get(kContracts);
     QCOMPARE(file.size(), length);
     for (int i = 1; i <= length / 386; ++i)
-        QCOMPARE(file.mid((i - 1) * 386, 386),
-                 i < filled ? zeros(386) : f.v.gContract.bytes());
+        QCOMPARE(file.mid((i - 1) * 386, 386), i < filled ? zeros(386) : f.v.gContract.bytes());
     QVERIFY(!f.has("Backup/ContractInfo.txt"));
     VERIFY_DIALOGS(f.dialogs);
 }

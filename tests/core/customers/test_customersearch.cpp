@@ -1,9 +1,11 @@
+#include "core/customers/customerlist.h"
+#include "core/customers/customersearch.h"
 #include "customerbytes.h"
-#include "customers/customerlist.h"
-#include "customers/customersearch.h"
 #include "programfolder.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

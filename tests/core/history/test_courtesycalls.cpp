@@ -1,9 +1,11 @@
 #include "historybytes.h"
 #include "programfolder.h"
 
-#include "history/courtesycalls.h"
+#include "core/history/courtesycalls.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 class TestCourtesyCalls : public QObject
 {

@@ -1,10 +1,12 @@
 #include "historybytes.h"
 #include "programfolder.h"
 
-#include "history/historyview.h"
-#include "store/usforms.h"
+#include "core/history/historyview.h"
+#include "core/io/usforms.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

@@ -1,7 +1,9 @@
-#include "history/reportdates.h"
+#include "core/history/reportdates.h"
 #include "scripteddialogs.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 static const QString kCalendar = QStringLiteral("Your Calendar Selection is Invalid");
 

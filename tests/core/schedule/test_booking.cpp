@@ -1,9 +1,11 @@
+#include "core/schedule/booking.h"
+#include "core/schedule/dayfiles.h"
+#include "core/schedule/slipfiles.h"
 #include "programfolder.h"
-#include "schedule/booking.h"
-#include "schedule/dayfiles.h"
-#include "schedule/slipfiles.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 using Answer = Dialogs::Answer;
 

@@ -1,10 +1,12 @@
-#include "customers/customerrecords.h"
+#include "core/io/customerrecords.h"
+#include "core/io/itemrecords.h"
+#include "core/schedule/contractoverlay.h"
+#include "core/schedule/dayfiles.h"
 #include "programfolder.h"
-#include "schedule/contractoverlay.h"
-#include "schedule/dayfiles.h"
-#include "setup/itemrecords.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

@@ -1,7 +1,9 @@
+#include "core/schedule/dayfiles.h"
 #include "programfolder.h"
-#include "schedule/dayfiles.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 static const QString kFree = QStringLiteral("No Event Scheduled");
 static const QByteArray kQuotedFree = "\"No Event Scheduled\"\r\n";
@@ -99,8 +101,8 @@ void TestDayFiles::readBothLineForms_data()
 
     QStringList job = allFree;
     job[10] = job[11] = "SA120-7 Ada Byron";
-    QTest::newRow("quoted")
-        << repeat(kQuotedFree, 10) + repeat("\"SA120-7 Ada Byron\"\r\n", 2) << job;
+    QTest::newRow("quoted") << repeat(kQuotedFree, 10) + repeat("\"SA120-7 Ada Byron\"\r\n", 2)
+                            << job;
     QTest::newRow("bare") << repeat(kBareFree, 10) + repeat("SA120-7 Ada Byron\r\n", 2) << job;
     QTest::newRow("mixed, blanks around a bare line")
         << repeat(kBareFree, 5) + repeat(kQuotedFree, 5) + "  SA120-7 Ada Byron  \r\n" +
@@ -114,24 +116,24 @@ void TestDayFiles::readBothLineForms_data()
     shifted[2] = "Ada";
     shifted[3] = "Holiday";
     QTest::newRow("bare line with a comma")
-        << kBareFree + "Recurring Event - Byron, Ada\r\n" + "Holiday\r\n" +
-               repeat(kBareFree, 8) + "Last line\r\n"
+        << kBareFree + "Recurring Event - Byron, Ada\r\n" + "Holiday\r\n" + repeat(kBareFree, 8) +
+               "Last line\r\n"
         << shifted;
     QStringList comma = allFree;
     comma[1] = "Recurring Event - Byron, Ada";
     QTest::newRow("quoted line with a comma")
-        << kQuotedFree + "\"Recurring Event - Byron, Ada\"\r\n" + repeat(kQuotedFree, 10)
-        << comma;
+        << kQuotedFree + "\"Recurring Event - Byron, Ada\"\r\n" + repeat(kQuotedFree, 10) << comma;
 
     QStringList shortDay = allFree;
     shortDay[0] = "Holiday";
     shortDay[1] = "Holiday";
-    QTest::newRow("short file leaves the rest free") << QByteArray("Holiday\r\nHoliday\r\n")
-                                                     << shortDay;
+    QTest::newRow("short file leaves the rest free")
+        << QByteArray("Holiday\r\nHoliday\r\n") << shortDay;
     QStringList longDay = allFree;
     longDay[11] = "Twelve";
     QTest::newRow("past twelve lines ignored")
-        << repeat(kQuotedFree, 11) + "\"Twelve\"\r\n\"Thirteen\"\r\n" << longDay;
+        << repeat(kQuotedFree, 11) + "\"Twelve\"\r\n\"Thirteen\"\r\n"
+        << longDay;
 }
 
 void TestDayFiles::readBothLineForms()
@@ -207,9 +209,12 @@ void TestDayFiles::writeSlots_data()
     QTest::newRow("both trimmed") << services << " Gutter Cleaning  " << kFree;
     QTest::newRow("longer text with a service") << services << "Lawn Care - Byron"
                                                 << "Lawn Care - Byron";
-    QTest::newRow("case counts") << services << "lawn care" << "lawn care";
-    QTest::newRow("no services") << QStringList() << "Lawn Care" << "Lawn Care";
-    QTest::newRow("a booking is trimmed") << services << "  SA1-1 Ada  " << "SA1-1 Ada";
+    QTest::newRow("case counts") << services << "lawn care"
+                                 << "lawn care";
+    QTest::newRow("no services") << QStringList() << "Lawn Care"
+                                 << "Lawn Care";
+    QTest::newRow("a booking is trimmed") << services << "  SA1-1 Ada  "
+                                          << "SA1-1 Ada";
 }
 
 void TestDayFiles::writeSlots()
@@ -253,11 +258,9 @@ void TestDayFiles::checkforSlots()
     QFETCH(bool, free);
     ProgramFolder f;
     GridColumn grid = freeGrid();
-    if (takenRow)
-        grid[takenRow - 1] = takenText;
+    if (takenRow) grid[takenRow - 1] = takenText;
     const GridColumn before = grid;
-    if (!free)
-        f.dialogs.expect("Event already Scheduled Here", "Selection Error");
+    if (!free) f.dialogs.expect("Event already Scheduled Here", "Selection Error");
     QCOMPARE(CheckforSlots(grid, quint8(start), quint8(hours), f.dialogs), free);
     VERIFY_DIALOGS(f.dialogs);
     QVERIFY(grid == before);

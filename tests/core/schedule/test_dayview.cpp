@@ -1,9 +1,11 @@
+#include "core/schedule/dayview.h"
+#include "core/schedule/slipfiles.h"
+#include "core/schedule/slipmessage.h"
 #include "programfolder.h"
-#include "schedule/dayview.h"
-#include "schedule/slipfiles.h"
-#include "schedule/slipmessage.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

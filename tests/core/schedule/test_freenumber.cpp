@@ -1,12 +1,14 @@
+#include "core/io/sliprecord.h"
+#include "core/schedule/freenumber.h"
+#include "core/schedule/numbering.h"
+#include "core/schedule/slipfiles.h"
+#include "core/sliprecords/deletecallrec.h"
 #include "programfolder.h"
 #include "sampleinstallation.h"
-#include "schedule/freenumber.h"
-#include "schedule/slipfiles.h"
-#include "schedule/sliprecord.h"
-#include "sliprecords/deletecallrec.h"
-#include "store/numbering.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 // A slip record carrying only the fields a number check and a delete look at.
 static QByteArray slipWithNumber(const QByteArray& number, const QByteArray& recType = "Service")

@@ -1,7 +1,9 @@
+#include "core/schedule/slipfiles.h"
 #include "programfolder.h"
-#include "schedule/slipfiles.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 // A text blank-padded to its width, as the record holds it.
 static QByteArray pad(const QByteArray& text, int width)
@@ -15,8 +17,8 @@ static QByteArray slip(const QByteArray& type, const QByteArray& confirmation,
                        const QByteArray& name = "Ada Byron")
 {
     return pad(type, 10) + pad(confirmation, 10) + pad("3", 2) + pad("Hours", 6) + pad("2", 2) +
-           pad(date, 10) + pad("4", 2) + pad(reference, 30) + pad("Scheduled", 20) +
-           pad("", 20) + pad("", 20) + pad("$0.00", 10) + pad("A-100", 20) + pad(name, 30) +
+           pad(date, 10) + pad("4", 2) + pad(reference, 30) + pad("Scheduled", 20) + pad("", 20) +
+           pad("", 20) + pad("$0.00", 10) + pad("A-100", 20) + pad(name, 30) +
            pad("12 Mill Road", 35) + pad("Flat 2", 25) + pad("Greenfield", 20) + pad("OH", 2) +
            pad("45123", 10) + pad("(555)123-4567", 13);
 }
@@ -152,8 +154,8 @@ void TestSlipFiles::fieldsOfAHandWrittenRecord()
     QFETCH(int, field);
     QFETCH(QString, text);
     ProgramFolder f;
-    f.put("Slips.txt", slip("Service", "SA1-1", "01/05/2026") +
-                           slip("Service", "SA120-7", "04/30/2026"));
+    f.put("Slips.txt",
+          slip("Service", "SA1-1", "01/05/2026") + slip("Service", "SA120-7", "04/30/2026"));
     Result<QList<SlipRecord>> records = ReadSlipRecords(f.store, "/slips.TXT");
     QVERIFY(records.ok());
     QCOMPARE(records->size(), 2);
@@ -189,8 +191,7 @@ void TestSlipFiles::appendAfterAPartialRecord_data()
     QTest::addColumn<int>("tail");
     QTest::addColumn<QByteArray>("between"); // what lies between record 1 and the new one
     QTest::newRow("a short fragment is overwritten") << 100 << QByteArray();
-    QTest::newRow("a long fragment is kept")
-        << 200 << QByteArray(200, 'y') + QByteArray(97, '\0');
+    QTest::newRow("a long fragment is kept") << 200 << QByteArray(200, 'y') + QByteArray(97, '\0');
 }
 
 void TestSlipFiles::appendAfterAPartialRecord()
@@ -240,8 +241,8 @@ void TestSlipFiles::droppingKeepsTheOrderOfTheRest()
     const QByteArray b = slip("Service", "SA9-2", "01/05/2026");
     const QByteArray c = slip("Service", "SA9-3", "01/05/2026");
     f.put("Slips.txt", a + b + c);
-    Result<qint32> dropped = DropSlipRecords(
-        f.store, SlipsFileName(), [](const SlipRecord&, qint32 n) { return n == 2; });
+    Result<qint32> dropped = DropSlipRecords(f.store, SlipsFileName(),
+                                             [](const SlipRecord&, qint32 n) { return n == 2; });
     QVERIFY(dropped.ok());
     QCOMPARE(f.get("Slips.txt"), a + c);
 

@@ -1,7 +1,9 @@
+#include "core/schedule/teammonth.h"
 #include "programfolder.h"
-#include "schedule/teammonth.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 class TestTeamMonth : public QObject
 {

@@ -1,9 +1,11 @@
+#include "core/setup/addressstyle.h"
+#include "core/setup/assignments.h"
+#include "core/setup/pricelists.h"
 #include "programfolder.h"
-#include "setup/addressstyle.h"
-#include "setup/assignments.h"
-#include "setup/pricelists.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 class TestAssignments : public QObject
 {
@@ -165,11 +167,16 @@ void TestAssignments::addressStyle_data()
     QTest::addColumn<QString>("company");
     QTest::addColumn<QString>("postal");
     QTest::addColumn<QString>("style");
-    QTest::newRow("nothing entered") << "" << "" << kUsaStyleAddress;
-    QTest::newRow("numeric postal code, no name") << "" << "12345" << kUsaStyleAddress;
-    QTest::newRow("name and postal code") << "Acme" << "12345" << kUsaStyleAddress;
-    QTest::newRow("name and letters in the code") << "Acme" << "SW1A 1AA" << kUsaStyleAddress;
-    QTest::newRow("name alone") << "Acme" << "" << kInternationalStyleAddress;
+    QTest::newRow("nothing entered") << ""
+                                     << "" << kUsaStyleAddress;
+    QTest::newRow("numeric postal code, no name") << ""
+                                                  << "12345" << kUsaStyleAddress;
+    QTest::newRow("name and postal code") << "Acme"
+                                          << "12345" << kUsaStyleAddress;
+    QTest::newRow("name and letters in the code") << "Acme"
+                                                  << "SW1A 1AA" << kUsaStyleAddress;
+    QTest::newRow("name alone") << "Acme"
+                                << "" << kInternationalStyleAddress;
 }
 
 void TestAssignments::addressStyle()

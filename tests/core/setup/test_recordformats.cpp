@@ -1,11 +1,14 @@
-#include "customers/customerrecords.h"
-#include "history/historyrecords.h"
+#include "core/io/customerrecords.h"
+#include "core/io/historyrecords.h"
+#include "core/io/itemrecords.h"
 #include "programfolder.h"
-#include "setup/itemrecords.h"
 
 #include <QtTest>
 
-namespace {
+using namespace tresvane;
+
+namespace
+{
 
 // Records laid down by hand, field by field, independent of the record codec.
 QByteArray text(const char* s, int width)
@@ -14,7 +17,10 @@ QByteArray text(const char* s, int width)
     Q_ASSERT(b.size() <= width);
     return b + QByteArray(width - b.size(), ' ');
 }
-QByteArray hex(const char* h) { return QByteArray::fromHex(h); }
+QByteArray hex(const char* h)
+{
+    return QByteArray::fromHex(h);
+}
 
 QByteArray serviceHistory(const char* name, const char* account)
 {
@@ -23,8 +29,8 @@ QByteArray serviceHistory(const char* name, const char* account)
 }
 QByteArray ledger(const char* name, const char* amount)
 {
-    return text(name, 45) + text("A1", 25) + text("04/30/2026", 15) +
-           text("Invoice SA120-3", 60) + text(amount, 10);
+    return text(name, 45) + text("A1", 25) + text("04/30/2026", 15) + text("Invoice SA120-3", 60) +
+           text(amount, 10);
 }
 QByteArray invoiceItem(const char* name, const char* price)
 {
@@ -49,53 +55,40 @@ QByteArray customItem(const char* name)
 
 const RecordLayout* layoutNamed(const QString& name)
 {
-    for (const RecordLayout* l :
-         {&CustomerLayout(), &ContractLayout(), &CycleLayout(), &ServiceHistoryLayout(),
-          &LedgerLayout(), &InvoiceItemLayout(), &ServiceLayout(), &InventoriedItemLayout(),
-          &CustomItemLayout()})
-        if (l->name() == name)
-            return l;
+    for (const RecordLayout* l : {&CustomerLayout(), &ContractLayout(), &CycleLayout(),
+                                  &ServiceHistoryLayout(), &LedgerLayout(), &InvoiceItemLayout(),
+                                  &ServiceLayout(), &InventoriedItemLayout(), &CustomItemLayout()})
+        if (l->name() == name) return l;
     return nullptr;
 }
 
 template <typename R> Result<QList<FixedRecord>> plain(const Result<QList<R>>& typed)
 {
-    if (!typed)
-        return typed.status();
+    if (!typed) return typed.status();
     return QList<FixedRecord>(typed->begin(), typed->end());
 }
 
 // Each file through its own reader.
 Result<QList<FixedRecord>> readFile(Store& s, const QString& file)
 {
-    if (file == u"ServiceHistory.txt")
-        return plain(ReadServiceHistory(s));
-    if (file == u"CAHistory.txt")
-        return plain(ReadLedger(s));
-    if (file == u"InvoiceItems.txt")
-        return plain(ReadInvoiceItems(s));
-    if (file == u"Services.txt")
-        return plain(ReadServices(s, ServicesFileName()));
-    if (file == u"CurrentServices.txt")
-        return plain(ReadServices(s, CurrentServicesFileName()));
+    if (file == u"ServiceHistory.txt") return plain(ReadServiceHistory(s));
+    if (file == u"CAHistory.txt") return plain(ReadLedger(s));
+    if (file == u"InvoiceItems.txt") return plain(ReadInvoiceItems(s));
+    if (file == u"Services.txt") return plain(ReadServices(s, ServicesFileName()));
+    if (file == u"CurrentServices.txt") return plain(ReadServices(s, CurrentServicesFileName()));
     if (file == u"TVInventoriedItems.txt")
         return plain(ReadInventoriedItems(s, InventoriedItemsFileName()));
-    if (file == u"CurrentItems.txt")
-        return plain(ReadInventoriedItems(s, CurrentItemsFileName()));
-    if (file == u"CustomItems.txt")
-        return plain(ReadCustomItems(s));
+    if (file == u"CurrentItems.txt") return plain(ReadInventoriedItems(s, CurrentItemsFileName()));
+    if (file == u"CustomItems.txt") return plain(ReadCustomItems(s));
     return Status::failure(QStringLiteral("no reader for ") + file);
 }
 
 // Each file read and written back through its own reader and writer.
 Status rewriteFile(Store& s, const QString& file)
 {
-    if (file == u"ServiceHistory.txt")
-        return WriteServiceHistory(s, ReadServiceHistory(s).value());
-    if (file == u"CAHistory.txt")
-        return WriteLedger(s, ReadLedger(s).value());
-    if (file == u"InvoiceItems.txt")
-        return WriteInvoiceItems(s, ReadInvoiceItems(s).value());
+    if (file == u"ServiceHistory.txt") return WriteServiceHistory(s, ReadServiceHistory(s).value());
+    if (file == u"CAHistory.txt") return WriteLedger(s, ReadLedger(s).value());
+    if (file == u"InvoiceItems.txt") return WriteInvoiceItems(s, ReadInvoiceItems(s).value());
     if (file == u"Services.txt")
         return WriteServices(s, ServicesFileName(), ReadServices(s, ServicesFileName()).value());
     if (file == u"CurrentServices.txt")
@@ -103,8 +96,7 @@ Status rewriteFile(Store& s, const QString& file)
                              ReadServices(s, CurrentServicesFileName()).value());
     if (file == u"CurrentItems.txt")
         return WriteCurrentItems(s, ReadInventoriedItems(s, CurrentItemsFileName()).value());
-    if (file == u"CustomItems.txt")
-        return WriteCustomItems(s, ReadCustomItems(s).value());
+    if (file == u"CustomItems.txt") return WriteCustomItems(s, ReadCustomItems(s).value());
     return Status::failure(QStringLiteral("no writer for ") + file);
 }
 
@@ -176,40 +168,53 @@ void TestRecordFormats::roundTrip_data()
 
     QTest::newRow("ServiceHistory.txt")
         << "ServiceHistory.txt" << 145
-        << serviceHistory("Ann Smith", "A1") + serviceHistory("Bob Jones", "B2")
-        << "ServiceAccount" << "B2"
-        << "ServiceWork" << "Cleaned furnace\r\nReplaced filter";
-    QTest::newRow("CAHistory.txt") << "CAHistory.txt" << 155
-                                   << ledger("Ann Smith", "$89.00") + ledger("Bob Jones", "$1,234.50")
-                                   << "LedgerName" << "Bob Jones"
-                                   << "LedgerAmount" << "$1,234.50";
+        << serviceHistory("Ann Smith", "A1") + serviceHistory("Bob Jones", "B2") << "ServiceAccount"
+        << "B2"
+        << "ServiceWork"
+        << "Cleaned furnace\r\nReplaced filter";
+    QTest::newRow("CAHistory.txt")
+        << "CAHistory.txt" << 155
+        << ledger("Ann Smith", "$89.00") + ledger("Bob Jones", "$1,234.50") << "LedgerName"
+        << "Bob Jones"
+        << "LedgerAmount"
+        << "$1,234.50";
     QTest::newRow("InvoiceItems.txt")
         << "InvoiceItems.txt" << 42
-        << invoiceItem("Labor per hour", "65") + invoiceItem("Filter 16x25", "12.50")
-        << "ItemName" << "Filter 16x25"
-        << "ItemPrice" << "12.50";
+        << invoiceItem("Labor per hour", "65") + invoiceItem("Filter 16x25", "12.50") << "ItemName"
+        << "Filter 16x25"
+        << "ItemPrice"
+        << "12.50";
     QTest::newRow("Services.txt") << "Services.txt" << 72
                                   << service("Duct cleaning", "150.00") +
                                          service("Furnace tune-up", "89.00")
-                                  << "ServiceName" << "Furnace tune-up"
-                                  << "ServiceFlag" << "0";
-    QTest::newRow("CurrentServices.txt") << "CurrentServices.txt" << 72
-                                         << service("Duct cleaning", "150.00") +
-                                                service("Furnace tune-up", "89.00")
-                                         << "ServicePrice" << "89.00"
-                                         << "ServiceFlag" << "0";
+                                  << "ServiceName"
+                                  << "Furnace tune-up"
+                                  << "ServiceFlag"
+                                  << "0";
+    QTest::newRow("CurrentServices.txt")
+        << "CurrentServices.txt" << 72
+        << service("Duct cleaning", "150.00") + service("Furnace tune-up", "89.00")
+        << "ServicePrice"
+        << "89.00"
+        << "ServiceFlag"
+        << "0";
     QTest::newRow("TVInventoriedItems.txt")
         << "TVInventoriedItems.txt" << 104 << inventoried("Filter") + inventoried("Thermostat T87")
-        << "StockName" << "Thermostat T87"
-        << "StockPrice" << "1234.5000";
+        << "StockName"
+        << "Thermostat T87"
+        << "StockPrice"
+        << "1234.5000";
     QTest::newRow("CurrentItems.txt")
         << "CurrentItems.txt" << 104 << inventoried("Filter") + inventoried("Thermostat T87")
-        << "StockLong" << "123456"
-        << "StockNumber2" << "-1";
-    QTest::newRow("CustomItems.txt") << "CustomItems.txt" << 70
-                                     << customItem("Tape") + customItem("Duct tape")
-                                     << "CustomName" << "Duct tape"
-                                     << "CustomPrice" << "12.3400";
+        << "StockLong"
+        << "123456"
+        << "StockNumber2"
+        << "-1";
+    QTest::newRow("CustomItems.txt")
+        << "CustomItems.txt" << 70 << customItem("Tape") + customItem("Duct tape") << "CustomName"
+        << "Duct tape"
+        << "CustomPrice"
+        << "12.3400";
 }
 
 void TestRecordFormats::roundTrip()

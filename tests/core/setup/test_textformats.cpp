@@ -1,11 +1,13 @@
-#include "customers/auxdata.h"
+#include "core/customers/auxdata.h"
+#include "core/setup/printsettings.h"
+#include "core/setup/setupdata.h"
+#include "core/telephony/speednumbers.h"
 #include "programfolder.h"
-#include "setup/printsettings.h"
-#include "setup/setupdata.h"
-#include "telephony/speednumbers.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
+
+using namespace tresvane;
 
 class TestTextFormats : public QObject
 {
@@ -270,8 +272,8 @@ void TestTextFormats::relativeLogoPathIsInTheProgramFolder_data()
     QTest::addColumn<QString>("inFolder"); // the file it names below the folder; empty: as stored
 
     QTest::newRow("plain name") << QByteArray("\"Logo.bmp\"\r\n") << "Logo.bmp";
-    QTest::newRow("sub-folder, backslash") << QByteArray("\"Pictures\\Logo.bmp\"\r\n")
-                                           << "Pictures/Logo.bmp";
+    QTest::newRow("sub-folder, backslash")
+        << QByteArray("\"Pictures\\Logo.bmp\"\r\n") << "Pictures/Logo.bmp";
     QTest::newRow("dot first") << QByteArray("\".\\Logo.bmp\"\r\n") << "Logo.bmp";
     QTest::newRow("other case") << QByteArray("\"LOGO.BMP\"\r\n") << "Logo.bmp";
     QTest::newRow("drive") << QByteArray("\"C:\\Tresvane\\Logo.bmp\"\r\n") << "";

@@ -1,11 +1,13 @@
+#include "core/io/sliprecord.h"
+#include "core/schedule/dayfiles.h"
+#include "core/sliprecords/deletecallrec.h"
+#include "core/sliprecords/recordsearch.h"
+#include "core/sliprecords/recordsummary.h"
 #include "programfolder.h"
-#include "schedule/dayfiles.h"
-#include "schedule/sliprecord.h"
-#include "sliprecords/deletecallrec.h"
-#include "sliprecords/recordsearch.h"
-#include "sliprecords/recordsummary.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

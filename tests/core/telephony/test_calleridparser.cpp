@@ -1,6 +1,8 @@
-#include "telephony/calleridparser.h"
+#include "core/telephony/calleridparser.h"
 
 #include <QTest>
+
+using namespace tresvane;
 
 // Reports are given as lines joined by " / " and framed here with CR LF, as a modem does.
 static QByteArray framed(const char* lines)

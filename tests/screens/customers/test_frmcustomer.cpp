@@ -1,13 +1,13 @@
 #include "../../core/customers/customerbytes.h"
 #include "programfolder.h"
 
-#include "customers/customerauxpanel.h"
-#include "customers/customerfiles.h"
-#include "customers/customersearch.h"
-#include "customers/customersearchpanel.h"
-#include "customers/frmcustomer.h"
-#include "shell/flexgrid.h"
-#include "shell/screenframe.h"
+#include "core/customers/customerfiles.h"
+#include "core/customers/customersearch.h"
+#include "screens/customers/customerauxpanel.h"
+#include "screens/customers/customersearchpanel.h"
+#include "screens/customers/frmcustomer.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/screenframe.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -21,6 +21,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 #include <list>
+
+using namespace tresvane;
 
 namespace
 {
@@ -438,8 +440,7 @@ void TestFrmCustomer::deleteTheOnlyAccount()
     // The count is not lowered from 1, so the screen reads past the end: blank boxes.
     QCOMPARE(s.w->at, (CustomerPosition{1, 1}));
     for (QLineEdit* box : s.w->txtCustomer)
-        if (box)
-            QCOMPARE(box->text(), QString());
+        if (box) QCOMPARE(box->text(), QString());
 }
 
 void TestFrmCustomer::savesCarryContractAndCycle()

@@ -2,12 +2,12 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
-#include "history/frmcallback.h"
-#include "history/frmhistory.h"
-#include "shell/app.h"
-#include "shell/flexgrid.h"
-#include "shell/screenframe.h"
-#include "store/dispatchingvariables.h"
+#include "app/app.h"
+#include "core/state/dispatchingvariables.h"
+#include "screens/history/frmcallback.h"
+#include "screens/history/frmhistory.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/screenframe.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

@@ -1,20 +1,20 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
-#include "customers/customerrecords.h"
-#include "schedule/dayfiles.h"
-#include "schedule/dayviewframe.h"
-#include "schedule/frmmain.h"
-#include "schedule/sliprecord.h"
-#include "schedule/storedslipsframe.h"
-#include "schedule/teammonthframe.h"
-#include "shell/app.h"
-#include "shell/flexgrid.h"
-#include "shell/frmsplash.h"
-#include "shell/frmstartup.h"
-#include "shell/screenframe.h"
-#include "shell/updown.h"
-#include "store/record.h"
+#include "app/app.h"
+#include "core/io/customerrecords.h"
+#include "core/io/record.h"
+#include "core/io/sliprecord.h"
+#include "core/schedule/dayfiles.h"
+#include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/frmmain.h"
+#include "screens/schedule/storedslipsframe.h"
+#include "screens/schedule/teammonthframe.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/frmsplash.h"
+#include "screens/shell/frmstartup.h"
+#include "screens/shell/screenframe.h"
+#include "screens/shell/updown.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -27,6 +27,8 @@
 #include <QSignalSpy>
 #include <QToolButton>
 #include <QtTest>
+
+using namespace tresvane;
 
 using Answer = Dialogs::Answer;
 

@@ -1,11 +1,13 @@
+#include "core/setup/settingsfiles.h"
 #include "programfolder.h"
-#include "setup/setupbusinesstab.h"
-#include "shell/screenframe.h"
-#include "store/settingsfiles.h"
+#include "screens/setup/setupbusinesstab.h"
+#include "screens/shell/screenframe.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 #include <QtTest>
+
+using namespace tresvane;
 
 // The business address through a start and back to the file: the boxes take their
 // limits from the style, so a style chosen at load or by the user never cuts what the
@@ -27,11 +29,13 @@ void TestSetupBusiness::addressSurvivesStartAndStyleSwitch_data()
     QTest::newRow("international: company, no postal code")
         << QByteArray("\"Acme Ltd\",\"1 High St\",\"\",\"London\",\"United Kingdom\",\"\","
                       "\"020-555-0100\",\"\",\"\"\r\n")
-        << "International Style Address" << "United Kingdom";
+        << "International Style Address"
+        << "United Kingdom";
     QTest::newRow("USA: postal code")
         << QByteArray("\"Acme\",\"1 Road\",\"\",\"Town\",\"IL\",\"60000\",\"555-0100\",\"\","
                       "\"\"\r\n")
-        << "USA Style Address" << "IL";
+        << "USA Style Address"
+        << "IL";
 }
 
 void TestSetupBusiness::addressSurvivesStartAndStyleSwitch()

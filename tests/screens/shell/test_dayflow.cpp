@@ -4,20 +4,20 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
-#include "customers/customerfiles.h"
-#include "customers/frmcustomer.h"
-#include "history/frmhistory.h"
-#include "schedule/frmmain.h"
-#include "schedule/sliprecord.h"
-#include "setup/frmsetup.h"
-#include "setup/setupbusinesstab.h"
-#include "shell/app.h"
-#include "shell/flexgrid.h"
-#include "shell/frmsplash.h"
-#include "shell/frmstartup.h"
-#include "shell/screenframe.h"
-#include "shell/updown.h"
-#include "sliprecords/frmcallrecord.h"
+#include "app/app.h"
+#include "core/customers/customerfiles.h"
+#include "core/io/sliprecord.h"
+#include "screens/customers/frmcustomer.h"
+#include "screens/history/frmhistory.h"
+#include "screens/schedule/frmmain.h"
+#include "screens/setup/frmsetup.h"
+#include "screens/setup/setupbusinesstab.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/frmsplash.h"
+#include "screens/shell/frmstartup.h"
+#include "screens/shell/screenframe.h"
+#include "screens/shell/updown.h"
+#include "screens/sliprecords/frmcallrecord.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -25,17 +25,23 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QToolButton>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QtTest>
+
+using namespace tresvane;
 
 using Answer = Dialogs::Answer;
 
-namespace {
+namespace
+{
 
 const QByteArray kFree = "\"No Event Scheduled\"\r\n";
 
-QByteArray line(const char* text) { return QByteArray("\"") + text + "\"\r\n"; }
+QByteArray line(const char* text)
+{
+    return QByteArray("\"") + text + "\"\r\n";
+}
 
 QByteArray padded(const char* s, int width)
 {
@@ -48,9 +54,9 @@ QByteArray customer()
 {
     return padded("A-7", 20) + padded("Hill Bakery", 45) + padded("4 Oak Lane", 35) +
            padded("", 25) + padded("Dayton", 25) + padded("Dayton", 20) + padded("OH", 2) +
-           padded("45402", 10) + padded("", 25) + padded("937-555-0100", 13) +
-           padded("", 13) + padded("", 30) + padded("", 10) + padded("", 15) + padded("", 1) +
-           padded("", 25) + padded("Business", 10) + QByteArray::fromHex("01000000");
+           padded("45402", 10) + padded("", 25) + padded("937-555-0100", 13) + padded("", 13) +
+           padded("", 30) + padded("", 10) + padded("", 15) + padded("", 1) + padded("", 25) +
+           padded("Business", 10) + QByteArray::fromHex("01000000");
 }
 
 // A program folder as a running installation leaves it: business data, two teams, two

@@ -2,17 +2,17 @@
 #include "scripteddialogs.h"
 #include "testclock.h"
 
-#include "customers/frmcustomer.h"
-#include "setup/frmsetup.h"
-#include "setup/setupassignmentstab.h"
-#include "setup/setupbusinesstab.h"
-#include "setup/setupoperationstab.h"
-#include "setup/setupproblemstab.h"
-#include "shell/app.h"
-#include "shell/frmsplash.h"
-#include "shell/frmstartup.h"
-#include "shell/screenframe.h"
-#include "store/folderlock.h"
+#include "app/app.h"
+#include "core/io/folderlock.h"
+#include "screens/customers/frmcustomer.h"
+#include "screens/setup/frmsetup.h"
+#include "screens/setup/setupassignmentstab.h"
+#include "screens/setup/setupbusinesstab.h"
+#include "screens/setup/setupoperationstab.h"
+#include "screens/setup/setupproblemstab.h"
+#include "screens/shell/frmsplash.h"
+#include "screens/shell/frmstartup.h"
+#include "screens/shell/screenframe.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -29,6 +29,8 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {
@@ -250,7 +252,8 @@ void TestFirstRun::secondInstanceTouchesNothing()
     QVERIFY(first->Main());
     const QStringList before = run.tree();
     auto third = run.start();
-    run.dialogs.expectContaining("Tresvane Dispatcher is already Running!\nLook for it on the Task Bar");
+    run.dialogs.expectContaining(
+        "Tresvane Dispatcher is already Running!\nLook for it on the Task Bar");
     QVERIFY(!third->Main());
     QCOMPARE(run.tree(), before);
     VERIFY_DIALOGS(run.dialogs);
@@ -437,12 +440,11 @@ void TestFirstRun::damagedFileKeepsItsBackupThroughStartAndExit_data()
     const QByteArray slips(2 * 297, 's');
     QTest::newRow("odd-length slips") << "Slips.txt" << slips << slips.left(400);
     QTest::newRow("random meetings") << "Meetings.txt" << slips << noise;
-    QTest::newRow("odd-length contracts") << "ContractInfo.txt" << QByteArray(386, 'k')
-                                          << QByteArray(385, 'k');
+    QTest::newRow("odd-length contracts")
+        << "ContractInfo.txt" << QByteArray(386, 'k') << QByteArray(385, 'k');
     QTest::newRow("random stored slips") << "UnscheduledSlips.txt" << slips << noise;
     QTest::newRow("random teams") << "Assignto.txt" << QByteArray("\"North\"\r\n") << noise;
-    QTest::newRow("random problems") << "ProblemCode.txt" << QByteArray("\"No Heat\"\r\n")
-                                     << noise;
+    QTest::newRow("random problems") << "ProblemCode.txt" << QByteArray("\"No Heat\"\r\n") << noise;
 }
 
 void TestFirstRun::damagedFileKeepsItsBackupThroughStartAndExit()

@@ -3,25 +3,25 @@
 #include "sampleinstallation.h"
 #include "testclock.h"
 
-#include "customers/customerauxpanel.h"
-#include "customers/customerediting.h"
-#include "customers/customersearchpanel.h"
-#include "customers/frmcustomer.h"
-#include "history/frmcallback.h"
-#include "history/frmhistory.h"
-#include "schedule/dayviewframe.h"
-#include "schedule/frmmain.h"
-#include "schedule/teammonthframe.h"
-#include "setup/frmsetup.h"
-#include "setup/setupinvoiceitemstab.h"
-#include "setup/setupoperationstab.h"
-#include "setup/setupproblemstab.h"
-#include "shell/app.h"
-#include "shell/dialogs.h"
-#include "shell/frmsplash.h"
-#include "shell/frmstartup.h"
-#include "shell/screenframe.h"
-#include "sliprecords/frmcallrecord.h"
+#include "app/app.h"
+#include "core/customers/customerediting.h"
+#include "core/ports/dialogs.h"
+#include "screens/customers/customerauxpanel.h"
+#include "screens/customers/customersearchpanel.h"
+#include "screens/customers/frmcustomer.h"
+#include "screens/history/frmcallback.h"
+#include "screens/history/frmhistory.h"
+#include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/frmmain.h"
+#include "screens/schedule/teammonthframe.h"
+#include "screens/setup/frmsetup.h"
+#include "screens/setup/setupinvoiceitemstab.h"
+#include "screens/setup/setupoperationstab.h"
+#include "screens/setup/setupproblemstab.h"
+#include "screens/shell/frmsplash.h"
+#include "screens/shell/frmstartup.h"
+#include "screens/shell/screenframe.h"
+#include "screens/sliprecords/frmcallrecord.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -40,6 +40,8 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

@@ -1,6 +1,8 @@
-#include "shell/screenframe.h"
+#include "screens/shell/screenframe.h"
 
 #include <QtTest>
+
+using namespace tresvane;
 
 // Where a window lands: a place kept from a larger or unplugged screen is brought back,
 // a first showing is centred, and a window never reaches past the available area (the

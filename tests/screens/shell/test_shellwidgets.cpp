@@ -1,8 +1,8 @@
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/keyfilterwiring.h"
+#include "screens/shell/qtdialogs.h"
+#include "screens/shell/screenframe.h"
 #include "scripteddialogs.h"
-#include "shell/flexgrid.h"
-#include "shell/keyfilterwiring.h"
-#include "shell/qtdialogs.h"
-#include "shell/screenframe.h"
 
 #include <QElapsedTimer>
 #include <QHeaderView>
@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <QWheelEvent>
 #include <QtTest>
+
+using namespace tresvane;
 
 class TestShellWidgets : public QObject
 {
@@ -87,8 +89,8 @@ void TestShellWidgets::cellStylesTravelWithTheirRow()
 static void turnWheel(FlexGrid& grid, int delta)
 {
     const QPointF pos(10, 10);
-    QWheelEvent e(pos, grid.viewport()->mapToGlobal(pos), QPoint(), QPoint(0, delta),
-                  Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent e(pos, grid.viewport()->mapToGlobal(pos), QPoint(), QPoint(0, delta), Qt::NoButton,
+                  Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(grid.viewport(), &e);
 }
 
@@ -100,7 +102,8 @@ void TestShellWidgets::wheelMovesAtLeastTenRows()
         rows << QStringList{QString::number(i)};
     grid.setRows(rows);
     // A view of about three rows still moves ten per notch.
-    grid.resize(300, grid.horizontalHeader()->height() + 3 * grid.verticalHeader()->defaultSectionSize() + 4);
+    grid.resize(300, grid.horizontalHeader()->height() +
+                         3 * grid.verticalHeader()->defaultSectionSize() + 4);
     grid.show();
     QVERIFY(QTest::qWaitForWindowExposed(&grid));
     QVERIFY(grid.visibleRows() < 10);
@@ -114,7 +117,8 @@ void TestShellWidgets::wheelMovesAtLeastTenRows()
     QCOMPARE(grid.topRow(), 0);
 
     // A tall view moves a screenful.
-    grid.resize(300, grid.horizontalHeader()->height() + 25 * grid.verticalHeader()->defaultSectionSize() + 4);
+    grid.resize(300, grid.horizontalHeader()->height() +
+                         25 * grid.verticalHeader()->defaultSectionSize() + 4);
     QCoreApplication::processEvents();
     const int screenful = grid.visibleRows();
     QVERIFY(screenful >= 20);

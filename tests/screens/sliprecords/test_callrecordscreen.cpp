@@ -1,14 +1,14 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
-#include "schedule/sliprecord.h"
-#include "schedule/frmmain.h"
-#include "shell/app.h"
-#include "shell/flexgrid.h"
-#include "shell/frmstartup.h"
-#include "shell/menurules.h"
-#include "shell/screenframe.h"
-#include "sliprecords/frmcallrecord.h"
+#include "app/app.h"
+#include "core/io/sliprecord.h"
+#include "core/session/menurules.h"
+#include "screens/schedule/frmmain.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/frmstartup.h"
+#include "screens/shell/screenframe.h"
+#include "screens/sliprecords/frmcallrecord.h"
 
 #include <QAction>
 #include <QGroupBox>
@@ -18,6 +18,8 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QtTest>
+
+using namespace tresvane;
 
 namespace
 {

@@ -2,20 +2,22 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
-#include "customers/customerfiles.h"
-#include "shell/app.h"
-#include "shell/flexgrid.h"
-#include "shell/menurules.h"
-#include "shell/screenframe.h"
-#include "telephony/frmcallid.h"
-#include "telephony/frmdialer.h"
-#include "telephony/qtseriallink.h"
+#include "app/app.h"
+#include "core/customers/customerfiles.h"
+#include "core/session/menurules.h"
+#include "screens/shell/flexgrid.h"
+#include "screens/shell/screenframe.h"
+#include "screens/telephony/frmcallid.h"
+#include "screens/telephony/frmdialer.h"
+#include "screens/telephony/qtseriallink.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QtTest>
+
+using namespace tresvane;
 
 using Answer = Dialogs::Answer;
 

@@ -2,16 +2,16 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
-#include "customers/customerfiles.h"
-#include "customers/frmcustomer.h"
-#include "history/frmcallback.h"
-#include "schedule/dayviewframe.h"
-#include "schedule/frmmain.h"
-#include "shell/app.h"
-#include "shell/menurules.h"
-#include "shell/screenframe.h"
-#include "telephony/frmdialer.h"
-#include "telephony/qtseriallink.h"
+#include "app/app.h"
+#include "core/customers/customerfiles.h"
+#include "core/session/menurules.h"
+#include "screens/customers/frmcustomer.h"
+#include "screens/history/frmcallback.h"
+#include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/frmmain.h"
+#include "screens/shell/screenframe.h"
+#include "screens/telephony/frmdialer.h"
+#include "screens/telephony/qtseriallink.h"
 
 #include <QCheckBox>
 #include <QElapsedTimer>
@@ -23,6 +23,8 @@
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
+
+using namespace tresvane;
 
 using Answer = Dialogs::Answer;
 

@@ -3,13 +3,13 @@
 #include "scripteddialogs.h"
 #include "testclock.h"
 
-#include "setup/frmsetup.h"
-#include "setup/setupoperationstab.h"
-#include "shell/app.h"
-#include "shell/screenframe.h"
-#include "telephony/frmdialer.h"
-#include "telephony/modemprobe.h"
-#include "telephony/qtseriallink.h"
+#include "app/app.h"
+#include "core/telephony/modemprobe.h"
+#include "screens/setup/frmsetup.h"
+#include "screens/setup/setupoperationstab.h"
+#include "screens/shell/screenframe.h"
+#include "screens/telephony/frmdialer.h"
+#include "screens/telephony/qtseriallink.h"
 
 #include <QElapsedTimer>
 #include <QGroupBox>
@@ -22,6 +22,8 @@
 #include <QtTest>
 
 #include <unistd.h>
+
+using namespace tresvane;
 
 namespace
 {

@@ -1,9 +1,0 @@
-#include "callrecord.h"
-
-const RecordLayout& CallLayout()
-{
-    static const RecordLayout layout("CallRecord", {{"CallName", FieldKind::Text, 15},
-                                                    {"CallNumber", FieldKind::Text, 12},
-                                                    {"CallTime", FieldKind::Text, 8}});
-    return layout;
-}
