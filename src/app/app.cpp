@@ -1,5 +1,9 @@
 #include "app/app.h"
 
+#include "screens/calendar/frmblock.h"
+#include "screens/calendar/frmdisplay.h"
+#include "screens/calendar/frmreccuringevents.h"
+#include "screens/calendar/frmslip.h"
 #include "screens/customers/frmcustomer.h"
 
 #include "core/housekeeping/backup.h"
@@ -262,6 +266,9 @@ bool App::EntryBuilt(int index) const
     case MenuEntry::PlaceReminderCalls:
     case MenuEntry::ServiceHistory:
     case MenuEntry::UnattendedMonitoring:
+    case MenuEntry::RecurringEvents:
+    case MenuEntry::VacationAndHoliday:
+    case MenuEntry::DisplaySchedules:
         return true;
     default:
         return false;
@@ -325,6 +332,35 @@ void App::OpenEntry(int index)
         v.Mode = qint16(index + 1);
         Bring(callId.data());
         break;
+    case MenuEntry::RecurringEvents: {
+        frmReccuringEvents* screen = RecurringEvents();
+        screen->StartWithoutCustomer();
+        v.Mode = qint16(index + 1);
+        Bring(screen);
+        break;
+    }
+    case MenuEntry::VacationAndHoliday:
+        if (!block) {
+            block = new frmBlock(ctx);
+            Adopt(block);
+            connect(block, &frmBlock::showMenu, this, &App::ShowMenu);
+        }
+        v.Mode = qint16(index + 1);
+        Bring(block.data());
+        break;
+    case MenuEntry::DisplaySchedules:
+        if (!display) {
+            display = new frmDisplay(ctx);
+            Adopt(display);
+            connect(display, &frmDisplay::showMenu, this, &App::ShowMenu);
+            connect(display, &frmDisplay::exitProgram, this, &App::ExitProgram);
+            connect(display->popup(), &frmSlip::dialRequested, this, &App::ShowDialer);
+        }
+        // A slip is called from its popup where a telephone hangs behind a modem found.
+        display->popup()->setDialAvailable(m_phoneFeatures && v.gPhoneChained);
+        v.Mode = qint16(index + 1);
+        Bring(display.data());
+        break;
     case MenuEntry::ServiceHistory:
         MakeHistory();
         history->History = false;
@@ -354,18 +390,33 @@ void App::OpenCustomer(int index)
 
 void App::CustomerSelected()
 {
-    // The customer is the first step; the routine goes on by Mode. Recurring events,
-    // contracts and work orders have no screen in this program yet: the user is told,
-    // and stays with the customer saved.
+    // The customer is the first step; the routine goes on by Mode. Contracts and work
+    // orders have no screen in this program yet: the user is told, and stays with the
+    // customer saved.
     switch (v.Mode) {
     case 2:
     case 7:
         ShowMainForCustomer();
         break;
+    case 6:
+        Bring(RecurringEvents());
+        break;
     default:
         m_dialogs.message(QStringLiteral("This routine is not available yet"));
         break;
     }
+}
+
+frmReccuringEvents* App::RecurringEvents()
+{
+    if (!recurring) {
+        recurring = new frmReccuringEvents(ctx);
+        Adopt(recurring);
+        connect(recurring, &frmReccuringEvents::showMenu, this, &App::ShowMenu);
+        connect(recurring, &frmReccuringEvents::customerWanted, this,
+                [this] { OpenCustomer(MenuEntry::RecurringEvents); });
+    }
+    return recurring;
 }
 
 frmMain* App::MainForm()
@@ -475,6 +526,7 @@ void App::ShowPhoneFeatures(bool shown)
     m_phoneFeatures = shown;
     if (customer) customer->imgDialer->setVisible(shown);
     if (setup) setup->operations->setPhoneFeatures(shown);
+    if (display) display->popup()->setDialAvailable(shown && v.gPhoneChained);
 }
 
 void App::ShowDialer(const QString& name, const QString& number)

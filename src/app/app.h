@@ -18,9 +18,12 @@ class AuxFolderRepair;
 class Clock;
 class Desktop;
 class Dialogs;
+class frmBlock;
 class frmCallRecord;
 class frmCustomer;
 class frmDialer;
+class frmDisplay;
+class frmReccuringEvents;
 class SerialLink;
 class frmMain;
 class frmCallBack;
@@ -111,6 +114,9 @@ public:
     QPointer<frmCallID> callId;
     QPointer<frmHistory> history;
     QPointer<frmDialer> dialer;
+    QPointer<frmReccuringEvents> recurring;
+    QPointer<frmBlock> block;
+    QPointer<frmDisplay> display;
     // Printing allowed by the user although the sibling planner program is present; kept
     // for the whole run while the menu comes and goes.
     bool PrintEnabled = false;
@@ -131,6 +137,9 @@ private:
     void OpenCustomer(int index);
     void CustomerSelected();
     frmMain* MainForm();
+    // The recurring events screen, made on first use; its customer button leads through the
+    // customer screen and back.
+    frmReccuringEvents* RecurringEvents();
 
     bool CheckPrevInstance();
     void RepairAuxFoldersInSlices();
