@@ -9,6 +9,7 @@
 #include "screens/customers/customerauxpanel.h"
 #include "screens/customers/customersearchpanel.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/customers/storedcallpanel.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -22,6 +23,7 @@
 #include "screens/shell/frmstartup.h"
 #include "screens/shell/screenframe.h"
 #include "screens/sliprecords/frmcallrecord.h"
+#include "screens/telephony/frmcallid.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -197,6 +199,20 @@ struct Office {
             w->mnuAux_Click();
             return w;
         }
+        if (state == "customer stored calls") {
+            frmCustomer* w = customer();
+            // Two calls of the widest name, number and time a call record holds.
+            const QByteArray call = "WWWWWWWWWWWWWWW217-555-010008:00 pm";
+            if (!app->store.WriteFile(QStringLiteral("/TelCall.txt"), call.repeated(2)))
+                return nullptr;
+            w->calls->Form_Activate();
+            w->calls->cmdCallLater_Click();
+            return w;
+        }
+        if (state == "call monitor") {
+            app->OpenEntry(MenuEntry::UnattendedMonitoring);
+            return app->callId;
+        }
         if (state == "scheduling") return scheduling();
         if (state == "month sheet") {
             frmMain* w = scheduling();
@@ -252,7 +268,8 @@ const QStringList& screenStates()
                                     "setup 7",           "customer individual",
                                     "customer business", "customer search",
                                     "customer list",     "customer names",
-                                    "customer aux",      "scheduling",
+                                    "customer aux",      "customer stored calls",
+                                    "call monitor",      "scheduling",
                                     "month sheet",       "day view",
                                     "stored slips",      "records list",
                                     "records detail",    "records search",
