@@ -320,14 +320,14 @@ bool frmMain::fail(const Status& s)
 
 GridColumn frmMain::gridColumn() const
 {
-    GridColumn grid;
-    for (int r = 1; r <= 12; ++r)
-        grid[r - 1] = fgHours->textMatrix(r - 1, 1);
-    return grid;
+    return m_grid;
 }
 
 void frmMain::showGrid(const GridColumn& grid)
 {
+    // The slots are kept as a value; the grid only shows them, and no handler reads a
+    // cell back to learn what a slot holds.
+    m_grid = grid;
     for (int r = 1; r <= 12; ++r)
         fgHours->setTextMatrix(r - 1, 1, grid[r - 1]);
 }
