@@ -93,11 +93,19 @@ Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
     return true;
 }
 
-namespace
+BookingRequest NewBookingRequest(const DispatchingVariables& v)
 {
+    BookingRequest r;
+    r.kind = BookingKind(v.Mode);
+    r.team = v.CurrentTeam;
+    r.customer = v.current;
+    return r;
+}
 
-Result<BookingSaved> saveBooking(CoreContext& c, const BookingRequest& r, Store::Group& change)
+Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
 {
+    // Everything up to a confirmation lands together, before the confirmation is shown.
+    Store::Group change(c.store);
     DispatchingVariables& v = c.v;
     if (r.unscheduled) {
         // The grid's hours are not written and the number is not taken: the next slip gets
@@ -140,6 +148,8 @@ Result<BookingSaved> saveBooking(CoreContext& c, const BookingRequest& r, Store:
         if (r.fromStoredSlip) {
             Result<bool> removed = DeleteSelectedStoredSlip(c, r.storedSlipRow);
             if (!removed) return removed.status();
+            // The removal joined this change; it lands on its own, after the confirmation.
+            if (Status s = change.commit(); !s) return s;
         }
         return BookingSaved::Scheduled;
     }
@@ -150,28 +160,8 @@ Result<BookingSaved> saveBooking(CoreContext& c, const BookingRequest& r, Store:
                           QStringLiteral("Confirmation"));
         return BookingSaved::MeetingScheduled;
     }
-    return BookingSaved::DayWritten;
-}
-
-} // namespace
-
-BookingRequest NewBookingRequest(const DispatchingVariables& v)
-{
-    BookingRequest r;
-    r.kind = BookingKind(v.Mode);
-    r.team = v.CurrentTeam;
-    r.customer = v.current;
-    return r;
-}
-
-Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& request)
-{
-    // Everything up to a confirmation lands together, before the confirmation is shown.
-    Store::Group change(c.store);
-    Result<BookingSaved> saved = saveBooking(c, request, change);
-    if (!saved) return saved;
     if (Status s = change.commit(); !s) return s;
-    return saved;
+    return BookingSaved::DayWritten;
 }
 
 } // namespace tresvane
