@@ -49,6 +49,16 @@ void loadInstallation(ProgramFolder& f)
     QVERIFY(LoadBusiness(f.ctx).ok());
 }
 
+// The screen loaded and its lists filled as the start-up does, then shown.
+bool openAsAtStart(frmSetup& screen)
+{
+    if (!screen.Form_Load(0).ok()) return false;
+    screen.assignments->FillAssignmentLists();
+    screen.problems->LoadProblems();
+    screen.show();
+    return true;
+}
+
 QMap<QString, QByteArray> dataFiles(const ProgramFolder& f)
 {
     QMap<QString, QByteArray> out;
@@ -64,11 +74,7 @@ void TestSetupScreen::unchangedSetupWritesTheSameBytes()
     loadInstallation(f);
     if (QTest::currentTestFailed()) return;
     frmSetup screen(f.ctx);
-    QVERIFY(screen.Form_Load(0).ok());
-    // The lists as the start-up fills them.
-    screen.assignments->FillAssignmentLists();
-    screen.problems->LoadProblems();
-    screen.show();
+    QVERIFY(openAsAtStart(screen));
     QCOMPARE(screen.business->txtBusiness[0]->text(), f.v.settings.txtBusiness[0]);
     QVERIFY(!screen.business->txtBusiness[0]->text().isEmpty());
 
@@ -92,11 +98,7 @@ void TestSetupScreen::badTelephoneStopsBeforeAnyFile()
     loadInstallation(f);
     if (QTest::currentTestFailed()) return;
     frmSetup screen(f.ctx);
-    QVERIFY(screen.Form_Load(0).ok());
-    // The lists as the start-up fills them.
-    screen.assignments->FillAssignmentLists();
-    screen.problems->LoadProblems();
-    screen.show();
+    QVERIFY(openAsAtStart(screen));
     screen.tabSetup->setCurrentIndex(frmSetup::TabAssignments);
     QLineEdit* phone = screen.business->txtBusiness[6];
     phone->setText("555-12");
