@@ -54,7 +54,7 @@ int main(int argc, char* argv[])
     const double floor = FloorMs(folder, {"/CustomerData.txt"});
 
     frmCustomer w(ctx);
-    v.Mode = 2;
+    v.Mode = Mode::ServiceSlip;
     const double bringUp = MedianMs([&] {
         w.hide();
         w.show();

@@ -772,17 +772,7 @@ void frmCustomer::cmdSelect_Click()
     emit customerSelected();
     // The routines that go on to a screen of their own hide this one as they bring theirs
     // up; the others only hide it.
-    switch (c.v.Mode) {
-    case 2:
-    case 6:
-    case 7:
-    case 13:
-    case 14:
-        break;
-    default:
-        hide();
-        break;
-    }
+    if (AfterCustomerSelect(c.v.Mode) == AfterCustomer::Nowhere) hide();
 }
 
 void frmCustomer::lookUpCaller(const QString& number)

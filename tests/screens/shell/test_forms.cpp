@@ -139,14 +139,14 @@ struct Office {
     frmMain* scheduling()
     {
         DispatchingVariables& v = app->v;
-        v.gCurAccount = QStringLiteral("10422");
-        v.gCurName = QStringLiteral("Margaret Ellison");
-        v.gCurAddress1 = QStringLiteral("418 Walnut Avenue");
-        v.gCurCity = QStringLiteral("Springfield");
-        v.gCurState = QStringLiteral("IL");
-        v.gCurZip = QStringLiteral("62704");
-        v.gCurPhone = QStringLiteral("217-555-0187");
-        v.Mode = 2;
+        v.current.account = QStringLiteral("10422");
+        v.current.name = QStringLiteral("Margaret Ellison");
+        v.current.address1 = QStringLiteral("418 Walnut Avenue");
+        v.current.city = QStringLiteral("Springfield");
+        v.current.state = QStringLiteral("IL");
+        v.current.zip = QStringLiteral("62704");
+        v.current.phone = QStringLiteral("217-555-0187");
+        v.Mode = Mode::ServiceSlip;
         app->ShowMainForCustomer();
         frmMain* w = app->mainForm;
         if (w->fraTeamCal->isVisible()) w->mnuTeamCal_Click();
