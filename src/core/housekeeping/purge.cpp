@@ -15,7 +15,10 @@ QString PurgedDateFileName()
     return QStringLiteral("/PurgedDate.txt");
 }
 
-Status PurgeDayFiles(CoreContext& c)
+namespace
+{
+
+Status purgeDayFiles(CoreContext& c)
 {
     DispatchingVariables& v = c.v;
     const QDate today = c.clock.today();
@@ -45,6 +48,16 @@ Status PurgeDayFiles(CoreContext& c)
     out.line(qint64(v.gDayOfYear - 1));
     if (Status s = c.store.WriteFile(PurgedDateFileName(), out.bytes()); !s) return s;
     return PurgeMeetings(c);
+}
+
+} // namespace
+
+Status PurgeDayFiles(CoreContext& c)
+{
+    // The days, the date of the purge and the meetings land as one change: a crash part
+    // way leaves no day gone while the purge date says it was never reached, nor the
+    // reverse.
+    return c.store.inGroup([&c] { return purgeDayFiles(c); });
 }
 
 Status PurgeMeetings(CoreContext& c)

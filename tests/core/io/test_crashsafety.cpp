@@ -1,6 +1,7 @@
 #include "core/customers/customerdelete.h"
 #include "core/customers/customerediting.h"
 #include "core/housekeeping/backup.h"
+#include "core/housekeeping/purge.h"
 #include "core/io/customerrecords.h"
 #include "core/io/sliprecord.h"
 #include "core/schedule/booking.h"
@@ -182,6 +183,32 @@ Routine exitBackup()
              "Backup/2026-04-30/CustomerData.txt", "Backup/2026-04-30/Counter.txt"}};
 }
 
+// The purge at start: the day files of two teams from the last purge to yesterday, the
+// purge date and the meetings gone by.
+Routine purge()
+{
+    return {[](ProgramFolder& f) {
+                f.v.gYear = "2026";
+                f.v.gAssignTo = {"populated", "Crew A", "Crew B"};
+                for (const char* team : {"Team#1", "Team#2"})
+                    for (int day = 117; day <= 120; ++day)
+                        f.put(QStringLiteral("2026/%1/%2.txt").arg(team).arg(day),
+                              QByteArray(12, char('a' + day - 117)));
+                f.put("PurgedDate.txt", "116\r\n");
+                QByteArray meetings;
+                for (const char* date : {"04/28/2026", "05/02/2026", "04/29/2026"}) {
+                    SlipRecord r;
+                    r.setText(SlipField::RecType, "Meeting");
+                    r.setText(SlipField::EventDate, date);
+                    meetings += r.bytes();
+                }
+                f.put("Meetings.txt", meetings);
+            },
+            [](ProgramFolder& f) { return PurgeDayFiles(f.ctx); },
+            {"2026/Team#1/117.txt", "2026/Team#1/119.txt", "2026/Team#1/120.txt",
+             "2026/Team#2/118.txt", "PurgedDate.txt", "Meetings.txt"}};
+}
+
 struct Outcome {
     int calls = 0, oldState = 0, newState = 0, mixed = 0, left = 0, duplicates = 0;
 };
@@ -211,11 +238,13 @@ Routine routineNo(int n)
         return booking();
     case 3:
         return completion();
-    default:
+    case 4:
         return exitBackup();
+    default:
+        return purge();
     }
 }
-constexpr int kRoutines = 5;
+constexpr int kRoutines = 6;
 
 // The group before and after an undisturbed run, and how many file calls the run makes.
 struct Reference {
@@ -286,6 +315,7 @@ void TestCrashSafety::killedAtEveryFileCall_data()
     QTest::newRow("booking with a stored slip") << 2;
     QTest::newRow("completion") << 3;
     QTest::newRow("exit backup") << 4;
+    QTest::newRow("purge at start") << 5;
 }
 
 void TestCrashSafety::killedAtEveryFileCall()
