@@ -103,7 +103,7 @@ int main(int argc, char* argv[])
     }
     Must(callStore.WriteFile(StoredCalls::kFile, calls));
     frmCustomer cw(callCtx);
-    cv.Mode = 2;
+    cv.Mode = Mode::ServiceSlip;
     cw.show();
     cw.Form_Activate();
     cw.calls->cmdCallLater->click();

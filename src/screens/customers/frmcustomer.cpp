@@ -788,7 +788,7 @@ void frmCustomer::lookUpCaller(const QString& number)
 void frmCustomer::callBack(bool meeting)
 {
     SaveCustomer();
-    c.v.Mode = meeting ? 7 : 2;
+    c.v.Mode = meeting ? Mode::Meeting : Mode::ServiceSlip;
     emit customerSelected();
 }
 

@@ -77,7 +77,7 @@ struct Screen : ProgramFolder {
         layDown(*this, calls);
         w = std::make_unique<frmCustomer>(ctx);
         p = w->calls;
-        v.Mode = 2;
+        v.Mode = Mode::ServiceSlip;
         w->show();
         w->Form_Activate();
     }
