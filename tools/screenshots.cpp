@@ -8,11 +8,15 @@
 #include "sampleinstallation.h"
 
 #include "app/app.h"
+#include "core/io/itemrecords.h"
 #include "core/io/sliprecord.h"
+#include "core/io/store.h"
 #include "core/ports/clock.h"
 #include "core/ports/desktop.h"
 #include "core/ports/dialogs.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -33,6 +37,7 @@
 #include <QFrame>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
@@ -157,6 +162,58 @@ void grabScheduling(App& app, const QString& root, const QString& out)
     grab(w, out, QStringLiteral("main-stored"));
 }
 
+// The contract and work order screens for one customer, with a service catalogue and a
+// few items of the user's own to choose from.
+void grabDocuments(App& app, const QString& out)
+{
+    QList<ServiceRecord> services;
+    for (const auto& [name, price] :
+         {std::pair{"Furnace inspection and cleaning", "89.50"}, std::pair{"Boiler service", "145"},
+          std::pair{"Air conditioning tune-up", "99"}}) {
+        ServiceRecord r;
+        r.setText(ServiceField::ServiceName, QString::fromLatin1(name));
+        r.setText(ServiceField::ServicePrice, QString::fromLatin1(price));
+        services << r;
+    }
+    QList<CustomItemRecord> items;
+    for (const auto& [name, units] :
+         {std::pair{"Filter 16x25x1", 129500}, std::pair{"Thermostat, programmable", 899900},
+          std::pair{"Condensate pump", 1450000}}) {
+        CustomItemRecord r;
+        r.setText(CustomItemField::CustomName, QString::fromLatin1(name));
+        r.setCurrency(CustomItemField::CustomPrice, units);
+        items << r;
+    }
+    if (!WriteServices(app.store, ServicesFileName(), services) ||
+        !WriteCustomItems(app.store, items))
+        return;
+    DispatchingVariables& v = app.v;
+    v.gCurAccount = QStringLiteral("10422");
+    v.gCurName = QStringLiteral("Margaret Ellison");
+    v.gCurAddress1 = QStringLiteral("418 Walnut Avenue");
+    v.gCurAddress2 = QStringLiteral("Apt 2B");
+    v.gCurCity = QStringLiteral("Springfield");
+    v.gCurState = QStringLiteral("IL");
+    v.gCurZip = QStringLiteral("62704");
+    v.gCurPhone = QStringLiteral("(217)555-0187");
+    v.Mode = 13;
+    app.ShowContractForCustomer();
+    grab(app.contract, out, QStringLiteral("contract"));
+    app.contract->findChild<QAction*>(QStringLiteral("mnuManual"))->trigger();
+    grab(app.contract, out, QStringLiteral("contract-manual"));
+    v.Mode = 14;
+    app.ShowWorkOrderForCustomer();
+    frmWorkOrder* w = app.workOrder;
+    w->findChild<QPlainTextEdit*>(QStringLiteral("txtWONarrative"))
+        ->setPlainText(QStringLiteral("Replace the condensate pump under the furnace and clear "
+                                      "the drain line.\nTest the system through two full "
+                                      "cycles and show the customer the new filter."));
+    w->findChild<QListWidget*>(QStringLiteral("lstServices"))->setCurrentRow(0);
+    w->cmdWO_Click(10);
+    w->cmdWO_Click(4);
+    grab(w, out, QStringLiteral("workorder"));
+}
+
 // The screens that want a customer file and booked slips, on a small sample installation:
 // the customer screen with its search and aux panels, and the record screen.
 bool grabWorkingScreens(const QString& out)
@@ -194,6 +251,7 @@ bool grabWorkingScreens(const QString& out)
     grab(app.history, out, QStringLiteral("history"));
     app.OpenEntry(MenuEntry::PlaceReminderCalls);
     grab(app.callBack, out, QStringLiteral("callback"));
+    grabDocuments(app, out);
     app.ExitProgram();
     return true;
 }

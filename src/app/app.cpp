@@ -1,6 +1,8 @@
 #include "app/app.h"
 
 #include "screens/customers/frmcustomer.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 
 #include "core/housekeeping/backup.h"
 #include "core/housekeeping/datafilecheck.h"
@@ -354,18 +356,53 @@ void App::OpenCustomer(int index)
 
 void App::CustomerSelected()
 {
-    // The customer is the first step; the routine goes on by Mode. Recurring events,
-    // contracts and work orders have no screen in this program yet: the user is told,
-    // and stays with the customer saved.
+    // The customer is the first step; the routine goes on by Mode. Recurring events have
+    // no screen in this program yet: the user is told, and stays with the customer saved.
     switch (v.Mode) {
     case 2:
     case 7:
         ShowMainForCustomer();
         break;
+    case 13:
+        ShowContractForCustomer();
+        break;
+    case 14:
+        ShowWorkOrderForCustomer();
+        break;
     default:
         m_dialogs.message(QStringLiteral("This routine is not available yet"));
         break;
     }
+}
+
+void App::ShowContractForCustomer()
+{
+    Bring(ContractForm());
+}
+
+void App::ShowWorkOrderForCustomer()
+{
+    Bring(WorkOrderForm());
+}
+
+frmContract* App::ContractForm()
+{
+    if (!contract) {
+        contract = new frmContract(ctx, m_desktop);
+        Adopt(contract);
+        connect(contract, &frmContract::showMenu, this, &App::ShowMenu);
+    }
+    return contract;
+}
+
+frmWorkOrder* App::WorkOrderForm()
+{
+    if (!workOrder) {
+        workOrder = new frmWorkOrder(ctx);
+        Adopt(workOrder);
+        connect(workOrder, &frmWorkOrder::showMenu, this, &App::ShowMenu);
+    }
+    return workOrder;
 }
 
 frmMain* App::MainForm()

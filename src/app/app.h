@@ -19,10 +19,12 @@ class Clock;
 class Desktop;
 class Dialogs;
 class frmCallRecord;
+class frmContract;
 class frmCustomer;
 class frmDialer;
 class SerialLink;
 class frmMain;
+class frmWorkOrder;
 class frmCallBack;
 class frmCallID;
 class frmHistory;
@@ -63,6 +65,10 @@ public:
     // The customer screen's choice made: the Scheduling Screen comes up in the Mode that
     // led to the customer (2 or 7), for the customer now in hand.
     void ShowMainForCustomer();
+    // The customer screen's choice made in Mode 13 and 14: the contract and the work order
+    // screens for the customer now in hand, made on first use and kept for the run.
+    void ShowContractForCustomer();
+    void ShowWorkOrderForCustomer();
     // The record screen has freed the old slip and hands its customer over for a new
     // booking (Mode 10); meetings: it was found among the meetings, not the slips.
     void ShowMainForReschedule(bool meetings = false);
@@ -111,6 +117,8 @@ public:
     QPointer<frmCallID> callId;
     QPointer<frmHistory> history;
     QPointer<frmDialer> dialer;
+    QPointer<frmContract> contract;
+    QPointer<frmWorkOrder> workOrder;
     // Printing allowed by the user although the sibling planner program is present; kept
     // for the whole run while the menu comes and goes.
     bool PrintEnabled = false;
@@ -130,6 +138,8 @@ private:
     // The customer screen, first step of the slip, meeting, contract and work order routines.
     void OpenCustomer(int index);
     void CustomerSelected();
+    frmContract* ContractForm();
+    frmWorkOrder* WorkOrderForm();
     frmMain* MainForm();
 
     bool CheckPrevInstance();

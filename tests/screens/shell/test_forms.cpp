@@ -9,6 +9,8 @@
 #include "screens/customers/customerauxpanel.h"
 #include "screens/customers/customersearchpanel.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -134,7 +136,7 @@ struct Office {
         w->SetAccountType(business ? QStringLiteral("Business") : QStringLiteral("Individual"));
         return w;
     }
-    frmMain* scheduling()
+    void customerInHand()
     {
         DispatchingVariables& v = app->v;
         v.gCurAccount = QStringLiteral("10422");
@@ -144,7 +146,11 @@ struct Office {
         v.gCurState = QStringLiteral("IL");
         v.gCurZip = QStringLiteral("62704");
         v.gCurPhone = QStringLiteral("217-555-0187");
-        v.Mode = 2;
+    }
+    frmMain* scheduling()
+    {
+        customerInHand();
+        app->v.Mode = 2;
         app->ShowMainForCustomer();
         frmMain* w = app->mainForm;
         if (w->fraTeamCal->isVisible()) w->mnuTeamCal_Click();
@@ -233,6 +239,20 @@ struct Office {
             app->OpenEntry(MenuEntry::ServiceHistory);
             return app->history;
         }
+        if (state.startsWith("contract")) {
+            customerInHand();
+            app->v.Mode = 13;
+            app->ShowContractForCustomer();
+            if (state == "contract manual")
+                app->contract->findChild<QAction*>(QStringLiteral("mnuManual"))->trigger();
+            return app->contract;
+        }
+        if (state == "work order") {
+            customerInHand();
+            app->v.Mode = 14;
+            app->ShowWorkOrderForCustomer();
+            return app->workOrder;
+        }
         if (state == "courtesy calls") {
             app->OpenEntry(MenuEntry::PlaceReminderCalls);
             return app->callBack;
@@ -256,7 +276,9 @@ const QStringList& screenStates()
                                     "month sheet",       "day view",
                                     "stored slips",      "records list",
                                     "records detail",    "records search",
-                                    "history",           "courtesy calls"};
+                                    "history",           "courtesy calls",
+                                    "contract",          "contract manual",
+                                    "work order"};
     return states;
 }
 
