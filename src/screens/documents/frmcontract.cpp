@@ -17,7 +17,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -146,16 +145,22 @@ void frmContract::buildLayout()
     manualLayout->addRow(QStringLiteral("Service"), txtService);
     manualLayout->addRow(QStringLiteral("Price"), txtPrice);
 
-    auto* terms = new QGridLayout;
-    terms->addWidget(new QLabel(QStringLiteral("Billing"), fraCreate), 0, 0);
-    terms->addWidget(lstFrequency, 1, 0);
-    terms->addWidget(new QLabel(QStringLiteral("Duration"), fraCreate), 2, 0);
-    terms->addWidget(cboDuration, 3, 0);
-    terms->addWidget(ckRenew, 4, 0);
-    terms->addWidget(new QLabel(QStringLiteral("Commencing"), fraCreate), 0, 1);
-    terms->addWidget(Calendar1, 1, 1, 3, 1);
-    terms->setRowStretch(5, 1);
-    terms->setColumnStretch(1, 1);
+    auto* choices = new QVBoxLayout;
+    choices->addWidget(new QLabel(QStringLiteral("Billing"), fraCreate));
+    choices->addWidget(lstFrequency);
+    choices->addSpacing(8);
+    choices->addWidget(new QLabel(QStringLiteral("Duration"), fraCreate));
+    choices->addWidget(cboDuration);
+    choices->addSpacing(8);
+    choices->addWidget(ckRenew);
+    choices->addStretch(1);
+    auto* commencing = new QVBoxLayout;
+    commencing->addWidget(new QLabel(QStringLiteral("Commencing"), fraCreate));
+    commencing->addWidget(Calendar1, 1);
+    auto* terms = new QHBoxLayout;
+    terms->addLayout(choices, 1);
+    terms->addSpacing(12);
+    terms->addLayout(commencing, 1);
 
     auto* createLayout = new QVBoxLayout(fraCreate);
     createLayout->addWidget(fraServices);

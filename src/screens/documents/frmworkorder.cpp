@@ -124,7 +124,7 @@ QGroupBox* frmWorkOrder::buildListPanel(Kind kind, const QString& title)
     grid->addWidget(cmdWO[kind == Services ? 10 : 5], 3, 0, 1, 2);
     grid->addWidget(cmdWO[kind == Services ? 9 : 4], 3, 2);
     grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 2);
+    grid->setColumnStretch(3, 3);
     grid->setRowStretch(1, 1);
     return panel;
 }
