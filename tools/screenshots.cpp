@@ -1,6 +1,7 @@
 // Captures the screens to PNG files for review: the splash with its welcome
 // panel, every tab of the setup screen, the main menu, the Scheduling Screen (a booked
-// day, its month sheet, its day view and the stored slips), the customer screen, the
+// day, its month sheet, its day view, the stored slips and the print panel with the pages
+// of the schedules), the customer screen, the
 // record screen, the history and the courtesy calls, each at its own size and at the size
 // of the whole screen. Runs on sample program folders in temporary directories.
 //
@@ -8,6 +9,8 @@
 #include "sampleinstallation.h"
 
 #include "app/app.h"
+#include "core/documents/printframe.h"
+#include "core/documents/workschedule.h"
 #include "core/io/itemrecords.h"
 #include "core/io/sliprecord.h"
 #include "core/io/store.h"
@@ -17,6 +20,7 @@
 #include "screens/customers/frmcustomer.h"
 #include "screens/documents/frmcontract.h"
 #include "screens/documents/frmworkorder.h"
+#include "screens/documents/printrun.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -160,6 +164,23 @@ void grabScheduling(App& app, const QString& root, const QString& out)
                    1));
     app.OpenEntry(8);
     grab(w, out, QStringLiteral("main-stored"));
+
+    // The schedules' print panel, and the pages of both forms for that day as the preview
+    // shows them (tools/screenshots.sh renders them to PNG).
+    app.OpenEntry(MenuEntry::DailyWorkSchedules);
+    w->Calender->setSelectedDate(day);
+    if (auto* print = w->findChild<QPushButton*>(QStringLiteral("cmdPrint"))) print->click();
+    grab(w, out, QStringLiteral("main-print"));
+    for (ScheduleForm form : {ScheduleForm::Extended, ScheduleForm::WorkDay}) {
+        const QString name =
+            form == ScheduleForm::Extended ? QStringLiteral("extended") : QStringLiteral("workday");
+        Result<int> pages = PrintDocumentsToPdf(
+            out + QStringLiteral("/schedule-%1.pdf").arg(name), [&](PrintSurface& surface) {
+                PrintJob job{surface, DocumentSettingsOf(app.v)};
+                return PrintWorkSchedules(job, app.store, app.v, {day, 1, form}).status();
+            });
+        if (!pages) QTextStream(stderr) << pages.message() << '\n';
+    }
 }
 
 // The contract and work order screens for one customer, with a service catalogue and a

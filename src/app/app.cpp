@@ -15,6 +15,7 @@
 #include "core/session/startup.h"
 #include "core/setup/settingsfiles.h"
 #include "core/setup/setupdata.h"
+#include "screens/documents/printdialogs.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -46,7 +47,8 @@ namespace tresvane
 App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
          QObject* parent)
     : QObject(parent), store(programFolder), ctx{store, clock, dialogs, v}, m_clock(clock),
-      m_dialogs(dialogs), m_desktop(desktop), m_link(std::make_unique<QtSerialLink>())
+      m_dialogs(dialogs), m_desktop(desktop), m_link(std::make_unique<QtSerialLink>()),
+      m_qtPrint(std::make_unique<QtPrintDialogs>()), m_print(m_qtPrint.get())
 {
 }
 
@@ -168,7 +170,7 @@ bool App::Main()
     // 3. Today, the hour labels and the business data.
     if (Fatal(InitStartupData(ctx))) return false;
     // 4. The setup screen, hidden, with its load sequence.
-    setup = new frmSetup(ctx);
+    setup = new frmSetup(ctx, *m_print);
     ScreenFrame::attach(setup, store.baseName(), [this] { closeBox(setup); });
     connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
     // Leaving setup searches again when there is no modem yet: the user may have named its
@@ -408,7 +410,7 @@ frmWorkOrder* App::WorkOrderForm()
 frmMain* App::MainForm()
 {
     if (!mainForm) {
-        mainForm = new frmMain(ctx, m_desktop);
+        mainForm = new frmMain(ctx, m_desktop, *m_print);
         Adopt(mainForm);
         connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
         // An hour label with a telephone behind it dials that customer, named by the hour's

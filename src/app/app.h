@@ -17,6 +17,7 @@ namespace tresvane
 class AuxFolderRepair;
 class Clock;
 class Desktop;
+class PrintDialogs;
 class Dialogs;
 class frmCallRecord;
 class frmContract;
@@ -91,6 +92,9 @@ public:
     bool phoneFeaturesShown() const { return m_phoneFeatures; }
     // The dialer, modal, for this name and number.
     void ShowDialer(const QString& name, const QString& number);
+    // The print dialog and preview that screens show before paper is used. The platform's
+    // own unless a test answers them; set before Main().
+    void setPrintDialogs(PrintDialogs& dialogs) { m_print = &dialogs; }
     // The single-instance lock is TresvaneDispatcher.lock in the program folder; a test
     // that compares the folder's files byte by byte keeps it in a folder of its own.
     void setLockFolder(const QString& folder) { m_lockFolder = folder; }
@@ -167,6 +171,8 @@ private:
     QList<QPointer<QWidget>> m_working;
     QString m_lockFolder;
     std::unique_ptr<SerialLink> m_link;
+    std::unique_ptr<PrintDialogs> m_qtPrint;
+    PrintDialogs* m_print = nullptr;
     ModemProbe::DeviceForPort m_modemDevices;
     ModemProbe* m_probe = nullptr;
     qint16 m_detectedModemPort = 0;

@@ -25,6 +25,10 @@ namespace tresvane
 {
 
 class Desktop;
+class InvoiceTypeFrame;
+class MemoFrame;
+class PrintDialogs;
+class PrintPanel;
 class FlexGrid;
 class UpDown;
 class DayViewFrame;
@@ -40,7 +44,8 @@ class frmMain : public QMainWindow, public UnsavedEdits
 {
     Q_OBJECT
 public:
-    frmMain(CoreContext& ctx, Desktop& desktop, QWidget* parent = nullptr);
+    frmMain(CoreContext& ctx, Desktop& desktop, PrintDialogs& printDialogs,
+            QWidget* parent = nullptr);
 
     // Date and team
     QGroupBox* fraCalendar;
@@ -71,8 +76,9 @@ public:
     // Print frames, shown in the print modes
     QGroupBox* fraCopies;
     QSpinBox* txtCopies;
-    QGroupBox* fraInvoiceType;
-    QGroupBox* fraMemo;
+    InvoiceTypeFrame* fraInvoiceType;
+    MemoFrame* fraMemo;
+    PrintPanel* fraInvoice;
     // Buttons
     QWidget* fraButtons;
     QPushButton* cmdSave;
@@ -154,6 +160,7 @@ private:
 
     CoreContext& c;
     Desktop& m_desktop;
+    PrintDialogs& m_printDialogs;
     QDate m_currentDate;
     int m_gridRow = 1;
     int m_storedSlipRow = 0;
