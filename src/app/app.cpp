@@ -1,6 +1,8 @@
 #include "app/app.h"
 
 #include "screens/customers/frmcustomer.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 
 #include "core/housekeeping/backup.h"
 #include "core/housekeeping/datafilecheck.h"
@@ -13,6 +15,7 @@
 #include "core/session/startup.h"
 #include "core/setup/settingsfiles.h"
 #include "core/setup/setupdata.h"
+#include "screens/documents/printdialogs.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -44,7 +47,8 @@ namespace tresvane
 App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
          QObject* parent)
     : QObject(parent), store(programFolder), ctx{store, clock, dialogs, v}, m_clock(clock),
-      m_dialogs(dialogs), m_desktop(desktop), m_link(std::make_unique<QtSerialLink>())
+      m_dialogs(dialogs), m_desktop(desktop), m_link(std::make_unique<QtSerialLink>()),
+      m_qtPrint(std::make_unique<QtPrintDialogs>()), m_print(m_qtPrint.get())
 {
 }
 
@@ -166,7 +170,7 @@ bool App::Main()
     // 3. Today, the hour labels and the business data.
     if (Fatal(InitStartupData(ctx))) return false;
     // 4. The setup screen, hidden, with its load sequence.
-    setup = new frmSetup(ctx);
+    setup = new frmSetup(ctx, *m_print);
     ScreenFrame::attach(setup, store.baseName(), [this] { closeBox(setup); });
     connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
     // Leaving setup searches again when there is no modem yet: the user may have named its
@@ -355,15 +359,19 @@ void App::OpenCustomer(int index)
 void App::CustomerSelected()
 {
     // The customer is the first step; the routine goes on where AfterCustomerSelect says.
-    // Recurring events, contracts and work orders have no screen in this program yet: the
-    // user is told, and stays with the customer saved.
+    // Recurring events have no screen in this program yet: the user is told, and stays
+    // with the customer saved.
     switch (AfterCustomerSelect(v.Mode)) {
     case AfterCustomer::SchedulingScreen:
         ShowMainForCustomer();
         break;
-    case AfterCustomer::RecurringEvents:
     case AfterCustomer::Contract:
+        ShowContractForCustomer();
+        break;
     case AfterCustomer::WorkOrder:
+        ShowWorkOrderForCustomer();
+        break;
+    case AfterCustomer::RecurringEvents:
         m_dialogs.message(QStringLiteral("This routine is not available yet"));
         break;
     case AfterCustomer::Nowhere:
@@ -371,10 +379,40 @@ void App::CustomerSelected()
     }
 }
 
+void App::ShowContractForCustomer()
+{
+    Bring(ContractForm());
+}
+
+void App::ShowWorkOrderForCustomer()
+{
+    Bring(WorkOrderForm());
+}
+
+frmContract* App::ContractForm()
+{
+    if (!contract) {
+        contract = new frmContract(ctx, m_desktop);
+        Adopt(contract);
+        connect(contract, &frmContract::showMenu, this, &App::ShowMenu);
+    }
+    return contract;
+}
+
+frmWorkOrder* App::WorkOrderForm()
+{
+    if (!workOrder) {
+        workOrder = new frmWorkOrder(ctx);
+        Adopt(workOrder);
+        connect(workOrder, &frmWorkOrder::showMenu, this, &App::ShowMenu);
+    }
+    return workOrder;
+}
+
 frmMain* App::MainForm()
 {
     if (!mainForm) {
-        mainForm = new frmMain(ctx, m_desktop);
+        mainForm = new frmMain(ctx, m_desktop, *m_print);
         Adopt(mainForm);
         connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
         // An hour label with a telephone behind it dials that customer, named by the hour's

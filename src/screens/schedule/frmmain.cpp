@@ -16,6 +16,9 @@
 #include "core/setup/settingsfiles.h"
 #include "core/state/dispatchingvariables.h"
 #include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/invoicetypeframe.h"
+#include "screens/schedule/memoframe.h"
+#include "screens/schedule/printpanel.h"
 #include "screens/schedule/storedslipsframe.h"
 #include "screens/schedule/teammonthframe.h"
 #include "screens/shell/flexgrid.h"
@@ -40,7 +43,6 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -64,8 +66,8 @@ struct WaitCursor {
 };
 } // namespace
 
-frmMain::frmMain(CoreContext& ctx, Desktop& desktop, QWidget* parent)
-    : QMainWindow(parent), c(ctx), m_desktop(desktop)
+frmMain::frmMain(CoreContext& ctx, Desktop& desktop, PrintDialogs& printDialogs, QWidget* parent)
+    : QMainWindow(parent), c(ctx), m_desktop(desktop), m_printDialogs(printDialogs)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Scheduling Screen"));
@@ -151,16 +153,9 @@ void frmMain::buildLayout()
     txtCopies->setRange(1, 9);
     (new QHBoxLayout(fraCopies))->addWidget(txtCopies);
 
-    fraInvoiceType = new QGroupBox(QStringLiteral("Invoices"), central);
-    fraInvoiceType->setObjectName(QStringLiteral("fraInvoiceType"));
+    fraInvoiceType = new InvoiceTypeFrame(central);
     tag(fraInvoiceType, "Hide");
-    auto* invoices = new QVBoxLayout(fraInvoiceType);
-    invoices->addWidget(
-        new QRadioButton(QStringLiteral("All Invoices of the Day"), fraInvoiceType));
-    invoices->addWidget(new QRadioButton(QStringLiteral("Selected Invoice"), fraInvoiceType));
-
-    fraMemo = new QGroupBox(QStringLiteral("Invoice Memo"), central);
-    fraMemo->setObjectName(QStringLiteral("fraMemo"));
+    fraMemo = new MemoFrame(c.store, c.dialogs, central);
     tag(fraMemo, "Hide");
 
     auto* left = new QVBoxLayout;
@@ -271,6 +266,15 @@ void frmMain::buildLayout()
     auto* right = new QVBoxLayout;
     right->addWidget(fraCustomer);
     right->addLayout(day, 1);
+    fraInvoice = new PrintPanel(c, m_printDialogs, central);
+    tag(fraInvoice, "Hide");
+    fraInvoice->setSelection([this] {
+        // The entry after the last team is "All Teams".
+        const int row = lstTeam->currentRow();
+        return PrintPanel::Selection{m_currentDate, row < c.v.TeamCount() ? row + 1 : 0,
+                                     fraCopies->isVisible() ? txtCopies->value() : c.v.gCopies};
+    });
+    right->addWidget(fraInvoice);
 
     fraUnscheduled = new StoredSlipsFrame(central);
     tag(fraUnscheduled, "Hide");
@@ -299,6 +303,7 @@ void frmMain::buildLayout()
     connect(fgHours, &QAbstractItemView::clicked, this,
             [this](const QModelIndex& index) { fgHours_Click(index.row() + 1); });
     connect(cmdSave, &QPushButton::clicked, this, &frmMain::cmdSave_Click);
+    connect(cmdPrint, &QPushButton::clicked, fraInvoice, &PrintPanel::Open);
     connect(cmdClear, &QPushButton::clicked, this, &frmMain::cmdClear_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmMain::cmdExit_Click);
     connect(cmdView_0, &QPushButton::clicked, this, &frmMain::cmdView_Click);
@@ -356,6 +361,7 @@ void frmMain::Form_Activate()
         for (int r = 1; r <= 12; ++r)
             labels[r - 1] = GridLabel(c.v, r);
         fraDay->setHourLabels(labels);
+        fail(fraMemo->LoadMemo());
         ResetScreen(this);
         const Mode mode = c.v.Mode;
         mnuCustomer->setVisible(mode == Mode::ServiceSlip || mode == Mode::BlockDays ||
@@ -384,7 +390,11 @@ void frmMain::Form_Activate()
             fraTime->setVisible(true);
             fgHours->setVisible(true);
         }
-        if (mode == Mode::WorkSchedules) fraCopies->setVisible(true);
+        if (mode == Mode::WorkSchedules) {
+            fraCopies->setVisible(true);
+            txtCopies->setValue(c.v.gCopies);
+        }
+        cmdPrint->setEnabled(mode == Mode::WorkSchedules || mode == Mode::Invoices);
         if (mode == Mode::Invoices) {
             fraTime->setVisible(false);
             fraInvoiceType->setVisible(true);

@@ -26,6 +26,10 @@ namespace tresvane
 {
 
 class Desktop;
+class InvoiceTypeFrame;
+class MemoFrame;
+class PrintDialogs;
+class PrintPanel;
 class FlexGrid;
 class UpDown;
 class DayViewFrame;
@@ -41,7 +45,8 @@ class frmMain : public QMainWindow, public UnsavedEdits
 {
     Q_OBJECT
 public:
-    frmMain(CoreContext& ctx, Desktop& desktop, QWidget* parent = nullptr);
+    frmMain(CoreContext& ctx, Desktop& desktop, PrintDialogs& printDialogs,
+            QWidget* parent = nullptr);
 
     // Date and team
     QGroupBox* fraCalendar;
@@ -72,8 +77,9 @@ public:
     // Print frames, shown in the print modes
     QGroupBox* fraCopies;
     QSpinBox* txtCopies;
-    QGroupBox* fraInvoiceType;
-    QGroupBox* fraMemo;
+    InvoiceTypeFrame* fraInvoiceType;
+    MemoFrame* fraMemo;
+    PrintPanel* fraInvoice;
     // Buttons
     QWidget* fraButtons;
     QPushButton* cmdSave;
@@ -155,6 +161,7 @@ private:
 
     CoreContext& c;
     Desktop& m_desktop;
+    PrintDialogs& m_printDialogs;
     QDate m_currentDate;
     // The team's day on the screen, read once per change of team or date.
     TeamDay m_day;

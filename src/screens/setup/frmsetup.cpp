@@ -35,7 +35,8 @@
 namespace tresvane
 {
 
-frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
+frmSetup::frmSetup(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent)
+    : QWidget(parent), c(ctx)
 {
     setObjectName(QStringLiteral("frmSetup"));
     setWindowTitle(ApplicationTitle() + QStringLiteral(" Setup"));
@@ -48,7 +49,7 @@ frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
     operations = new SetupOperationsTab(c);
     printing = new SetupPrintTab(c);
     invoiceItems = new SetupInvoiceItemsTab(c);
-    logo = new SetupLogoTab(c);
+    logo = new SetupLogoTab(c, printDialogs);
     serviceOrder = new SetupServiceOrderTab(c);
     tabSetup->addTab(business, QStringLiteral("Business Info"));
     tabSetup->addTab(assignments, QStringLiteral("Assignments"));

@@ -1,5 +1,6 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
+#include "scriptedprintdialogs.h"
 
 #include "app/app.h"
 #include "core/io/customerrecords.h"
@@ -51,6 +52,7 @@ QByteArray freeLines(int n)
 struct Screen {
     ProgramFolder f;
     RecordingDesktop desktop;
+    ScriptedPrintDialogs printDialogs;
     std::unique_ptr<frmMain> w;
 
     explicit Screen(qint16 mode, QDateTime now = QDateTime(QDate(2026, 4, 30), QTime(9, 0)))
@@ -73,7 +75,7 @@ struct Screen {
         v.current.zip = "45123";
         v.current.phone = "(555)123-4567";
         v.Mode = Mode(mode);
-        w = std::make_unique<frmMain>(f.ctx, desktop);
+        w = std::make_unique<frmMain>(f.ctx, desktop, printDialogs);
         w->show();
         w->Form_Activate();
     }

@@ -10,6 +10,8 @@
 #include "screens/customers/customersearchpanel.h"
 #include "screens/customers/frmcustomer.h"
 #include "screens/customers/storedcallpanel.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -136,7 +138,7 @@ struct Office {
         w->SetAccountType(business ? QStringLiteral("Business") : QStringLiteral("Individual"));
         return w;
     }
-    frmMain* scheduling()
+    void customerInHand()
     {
         DispatchingVariables& v = app->v;
         v.current.account = QStringLiteral("10422");
@@ -146,7 +148,11 @@ struct Office {
         v.current.state = QStringLiteral("IL");
         v.current.zip = QStringLiteral("62704");
         v.current.phone = QStringLiteral("217-555-0187");
-        v.Mode = Mode::ServiceSlip;
+    }
+    frmMain* scheduling()
+    {
+        customerInHand();
+        app->v.Mode = Mode::ServiceSlip;
         app->ShowMainForCustomer();
         frmMain* w = app->mainForm;
         if (w->fraTeamCal->isVisible()) w->mnuTeamCal_Click();
@@ -249,6 +255,20 @@ struct Office {
             app->OpenEntry(MenuEntry::ServiceHistory);
             return app->history;
         }
+        if (state.startsWith("contract")) {
+            customerInHand();
+            app->v.Mode = Mode::Contract;
+            app->ShowContractForCustomer();
+            if (state == "contract manual")
+                app->contract->findChild<QAction*>(QStringLiteral("mnuManual"))->trigger();
+            return app->contract;
+        }
+        if (state == "work order") {
+            customerInHand();
+            app->v.Mode = Mode::WorkOrder;
+            app->ShowWorkOrderForCustomer();
+            return app->workOrder;
+        }
         if (state == "courtesy calls") {
             app->OpenEntry(MenuEntry::PlaceReminderCalls);
             return app->callBack;
@@ -273,7 +293,9 @@ const QStringList& screenStates()
                                     "month sheet",       "day view",
                                     "stored slips",      "records list",
                                     "records detail",    "records search",
-                                    "history",           "courtesy calls"};
+                                    "history",           "courtesy calls",
+                                    "contract",          "contract manual",
+                                    "work order"};
     return states;
 }
 
