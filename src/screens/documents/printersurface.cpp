@@ -13,6 +13,7 @@ PrinterSurface::PrinterSurface(QPrinter& printer, Jobs jobs, QPointF offset)
     : m_printer(printer), m_jobs(jobs), m_offset(offset)
 {
     m_dpi = m_printer.resolution();
+    m_printerName = m_printer.printerName();
     setOrientation(m_printer.pageLayout().orientation() == QPageLayout::Landscape
                        ? Orientation::Landscape
                        : Orientation::Portrait);
@@ -30,11 +31,18 @@ QColor PrinterSurface::colorOf(qint32 rgb)
 
 QString PrinterSurface::target() const
 {
-    if (m_printer.outputFormat() == QPrinter::PdfFormat)
-        return QStringLiteral("the file %1").arg(m_printer.outputFileName());
-    const QString name = m_printer.printerName();
+    if (writesFile()) return QStringLiteral("the file %1").arg(m_printer.outputFileName());
+    // A printer that has gone from the system leaves the printer without a name; the one
+    // chosen is the one to tell.
+    const QString name =
+        m_printer.printerName().isEmpty() ? m_printerName : m_printer.printerName();
     return name.isEmpty() ? QStringLiteral("the printer")
                           : QStringLiteral("the printer %1").arg(name);
+}
+
+bool PrinterSurface::writesFile() const
+{
+    return m_printer.outputFormat() == QPrinter::PdfFormat && !m_printer.outputFileName().isEmpty();
 }
 
 void PrinterSurface::fail(const QString& what)
@@ -52,7 +60,7 @@ bool PrinterSurface::page()
         m_printer.setPageOrientation(wanted);
         m_printer.setColorMode(colorMode() ? QPrinter::Color : QPrinter::GrayScale);
         if (!m_painter.begin(&m_printer)) {
-            fail(m_printer.outputFormat() == QPrinter::PdfFormat
+            fail(writesFile()
                      ? QStringLiteral("Nothing was printed: %1 could not be written.").arg(target())
                      : QStringLiteral("Nothing was printed: %1 could not be used.").arg(target()));
             return false;

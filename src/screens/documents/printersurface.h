@@ -66,11 +66,13 @@ private:
     bool page();
     void fail(const QString& what);
     QString target() const;
+    bool writesFile() const;
     const QFontMetricsF& metrics() const;
     QPointF at(double x, double y) const;
     double pixels(double twips) const;
 
     QPrinter& m_printer;
+    QString m_printerName;
     Jobs m_jobs;
     QPointF m_offset;
     QPainter m_painter;
