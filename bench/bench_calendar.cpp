@@ -71,8 +71,8 @@ int main(int argc, char* argv[])
     sv.settings.ckSlipStyle = 1;
     sv.gJulianDay = QStringLiteral("124");
     sv.gSequence = 1;
-    sv.gCurName = QStringLiteral("Hill Bakery");
-    sv.gCurAccount = QStringLiteral("A-7");
+    sv.current.name = QStringLiteral("Hill Bakery");
+    sv.current.account = QStringLiteral("A-7");
     RecurringEvent event;
     event.kind = RecurringKind::Invoice;
     event.title = QStringLiteral("Boiler Service");

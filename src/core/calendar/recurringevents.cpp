@@ -123,8 +123,9 @@ Status scheduleSeries(CoreContext& c, const RecurringEvent& event, const QList<Q
     }
 
     const QString file = invoice ? SlipsFileName() : MeetingsFileName();
-    if (Status s = CountSlipRecords(c, file); !s) return s;
-    const qint32 firstRecord = v.gNextRecord;
+    Result<qint32> counted = CountSlipRecords(c.store, file);
+    if (!counted) return counted.status();
+    const qint32 firstRecord = *counted + 1;
     const QString team = QString::number(event.team);
 
     for (qsizetype i = 0; i < dates.size(); ++i) {
@@ -194,9 +195,9 @@ QString RecurringEventText(const DispatchingVariables& v, const RecurringEvent& 
 {
     switch (event.kind) {
     case RecurringKind::Invoice:
-        return confirmation + u' ' + v.gCurName;
+        return confirmation + u' ' + v.current.name;
     case RecurringKind::NonBillable:
-        return RecurringEventPrefix() + v.gCurName;
+        return RecurringEventPrefix() + v.current.name;
     case RecurringKind::NoCustomer:
         break;
     }
@@ -210,14 +211,14 @@ SlipRecord RecurringEventRecord(const DispatchingVariables& v, const RecurringEv
     if (event.kind == RecurringKind::NoCustomer) {
         r.setText(SlipField::Name, event.title.trimmed());
     } else {
-        r.setText(SlipField::AcctNo, v.gCurAccount);
-        r.setText(SlipField::Name, v.gCurName);
-        r.setText(SlipField::Street, v.gCurAddress1);
-        r.setText(SlipField::Apt, v.gCurAddress2);
-        r.setText(SlipField::City, v.gCurCity);
-        r.setText(SlipField::St, v.gCurState);
-        r.setText(SlipField::Zip, v.gCurZip);
-        r.setText(SlipField::Tel, v.gCurPhone);
+        r.setText(SlipField::AcctNo, v.current.account);
+        r.setText(SlipField::Name, v.current.name);
+        r.setText(SlipField::Street, v.current.address1);
+        r.setText(SlipField::Apt, v.current.address2);
+        r.setText(SlipField::City, v.current.city);
+        r.setText(SlipField::St, v.current.state);
+        r.setText(SlipField::Zip, v.current.zip);
+        r.setText(SlipField::Tel, v.current.phone);
     }
     switch (event.kind) {
     case RecurringKind::Invoice:

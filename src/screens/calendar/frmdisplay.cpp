@@ -43,7 +43,10 @@ frmDisplay::frmDisplay(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(c
     resize(1180, 640);
 }
 
-frmDisplay::~frmDisplay() { delete m_popup; }
+frmDisplay::~frmDisplay()
+{
+    delete m_popup;
+}
 
 void frmDisplay::buildLayout()
 {

@@ -287,10 +287,7 @@ void frmReccuringEvents::Form_Activate()
 
 void frmReccuringEvents::StartWithoutCustomer()
 {
-    DispatchingVariables& v = c.v;
-    for (QString* field : {&v.gCurAccount, &v.gCurName, &v.gCurAddress1, &v.gCurAddress2,
-                           &v.gCurState, &v.gCurCity, &v.gCurZip, &v.gCurPhone})
-        field->clear();
+    c.v.current = {};
     optInvoice->setChecked(true);
 }
 
@@ -344,18 +341,15 @@ void frmReccuringEvents::optKind_Click()
     const bool customer = kind() != RecurringKind::NoCustomer;
     if (!customer) {
         // Not for a customer: the customer in hand plays no part.
-        DispatchingVariables& v = c.v;
-        for (QString* field : {&v.gCurAccount, &v.gCurName, &v.gCurAddress1, &v.gCurAddress2,
-                               &v.gCurState, &v.gCurCity, &v.gCurZip, &v.gCurPhone})
-            field->clear();
+        c.v.current = {};
     }
     cmdCustomer->setEnabled(customer);
-    txtCustomer->setText(c.v.gCurName);
+    txtCustomer->setText(c.v.current.name);
 }
 
 void frmReccuringEvents::cmdContinue_Click()
 {
-    if (kind() != RecurringKind::NoCustomer && c.v.gCurName.trimmed().isEmpty()) {
+    if (kind() != RecurringKind::NoCustomer && c.v.current.name.trimmed().isEmpty()) {
         c.dialogs.message(QStringLiteral("You Must Select a Customer"));
         cmdCustomer->setFocus();
         return;
@@ -481,7 +475,7 @@ void frmReccuringEvents::Schedule()
         if (c.v.gAlarms) c.dialogs.beep();
         return;
     }
-    if (kind() != RecurringKind::NoCustomer && c.v.gCurName.trimmed().isEmpty()) {
+    if (kind() != RecurringKind::NoCustomer && c.v.current.name.trimmed().isEmpty()) {
         c.dialogs.message(QStringLiteral("You Must Select a Customer"));
         cmdCustomer->setFocus();
         return;

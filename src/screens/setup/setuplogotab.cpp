@@ -1,8 +1,12 @@
 #include "screens/setup/setuplogotab.h"
 
+#include "core/documents/printframe.h"
+#include "core/documents/printlogo.h"
+#include "core/io/store.h"
 #include "core/ports/dialogs.h"
 #include "core/setup/pricelists.h"
 #include "core/setup/setupdata.h"
+#include "screens/documents/printrun.h"
 #include "screens/shell/taborder.h"
 #include "screens/shell/updown.h"
 
@@ -18,8 +22,9 @@
 namespace tresvane
 {
 
-SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
-    : QWidget(parent), c(ctx), m_width(kDefaultLogoTwips), m_height(kDefaultLogoTwips)
+SetupLogoTab::SetupLogoTab(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent)
+    : QWidget(parent), c(ctx), m_printDialogs(printDialogs), m_width(kDefaultLogoTwips),
+      m_height(kDefaultLogoTwips)
 {
     setObjectName(QStringLiteral("tabLogo"));
     auto* note = new QLabel(
@@ -51,9 +56,7 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
         connect(cmdLogo[index], &QPushButton::clicked, this,
                 [this, index = index] { cmdLogo_Click(index); });
     }
-    // The sample print comes with the printing routines.
-    cmdLogo[5]->setEnabled(false);
-    cmdLogo[5]->setToolTip(QStringLiteral("This routine is not available yet"));
+    cmdLogo[5]->setToolTip(QStringLiteral("Print \"Logo Test\" and the logo at this size"));
     UpDown2 = new UpDown(QStringLiteral("UpDown2"), this);
     UpDown3 = new UpDown(QStringLiteral("UpDown3"), this);
     connect(UpDown3, &UpDown::upClicked, this, [this] { stepWidth(true); });
@@ -96,7 +99,7 @@ Status SetupLogoTab::LoadLogo()
 {
     QString path;
     if (Status s = SetupData::LoadCompanyLogo(c, path); !s) return s;
-    m_file = QFileInfo::exists(path) ? path : QString();
+    m_file = LocateLogoFile(c.store, path);
     showPicture();
     if (Status s = SetupData::LoadLogoSettings(c, m_width, m_height); !s) return s;
     showSize();
@@ -177,9 +180,27 @@ void SetupLogoTab::cmdLogo_Click(int index)
         m_height = kDefaultLogoTwips;
         showSize();
         break;
+    case 5:
+        PrintSample();
+        break;
     default:
         break;
     }
+}
+
+void SetupLogoTab::PrintSample()
+{
+    // The logo as it stands on the tab, so that a size can be judged before it is stored.
+    PrintLogo logo;
+    logo.file = m_file;
+    logo.width = m_width;
+    logo.height = m_height;
+    PrintDocuments(m_printDialogs, c.dialogs, window(), 1, ReadPrintOffset(c.store.baseName()),
+                   [this, logo](PrintSurface& surface) {
+                       PrintJob job{surface, DocumentSettingsOf(c.v)};
+                       PrintLogoSample(job, logo);
+                       return Status();
+                   });
 }
 
 void SetupLogoTab::stepWidth(bool up)

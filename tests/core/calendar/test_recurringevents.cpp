@@ -36,14 +36,14 @@ void office(ProgramFolder& f, bool programNumbers = true)
     DispatchingVariables& v = f.v;
     v.gYear = "2026";
     v.gAssignTo = {"populated", "North Truck", "South Truck", "Install Crew"};
-    v.gCurAccount = "A-100";
-    v.gCurName = "Ada Byron";
-    v.gCurAddress1 = "12 Mill Road";
-    v.gCurAddress2 = "Unit 3";
-    v.gCurCity = "Greenfield";
-    v.gCurState = "OH";
-    v.gCurZip = "45123";
-    v.gCurPhone = "(555)123-4567";
+    v.current.account = "A-100";
+    v.current.name = "Ada Byron";
+    v.current.address1 = "12 Mill Road";
+    v.current.address2 = "Unit 3";
+    v.current.city = "Greenfield";
+    v.current.state = "OH";
+    v.current.zip = "45123";
+    v.current.phone = "(555)123-4567";
     v.settings.ckSlipStyle = programNumbers ? 1 : 0;
     v.gJulianDay = "120";
     v.gSequence = 1;
@@ -439,7 +439,7 @@ void TestRecurringEvents::nameWithACommaStaysInItsHours()
 {
     ProgramFolder f;
     office(f);
-    f.v.gCurName = "Byron, Ada";
+    f.v.current.name = "Byron, Ada";
     QVERIFY(
         ScheduleRecurringEvents(f.ctx, boiler(RecurringKind::NonBillable, 11, 2), {kMonday}).ok());
     // Written in quotes, so the name does not split into two slots when read again.

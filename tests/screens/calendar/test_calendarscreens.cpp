@@ -176,12 +176,12 @@ void TestCalendarScreens::menuOpensTheThreeScreens()
     app.OpenEntry(MenuEntry::VacationAndHoliday);
     QVERIFY(app.block->isVisible());
     QCOMPARE(app.block->windowTitle(), QString("Holiday and Vacation Days"));
-    QCOMPARE(app.v.Mode, qint16(4));
+    QCOMPARE(app.v.Mode, Mode::BlockDays);
     click(app.block, "cmdExit");
     QVERIFY(app.startup && app.startup->isVisible());
     app.OpenEntry(MenuEntry::DisplaySchedules);
     QCOMPARE(app.display->windowTitle(), QString("Work Schedules"));
-    QCOMPARE(app.v.Mode, qint16(15));
+    QCOMPARE(app.v.Mode, Mode::DisplaySchedules);
     VERIFY_DIALOGS(f.dialogs);
 }
 
@@ -200,7 +200,7 @@ void TestCalendarScreens::seriesForACustomerChosenOnTheCustomerScreen()
     // The customer screen in the same routine, and back with its choice.
     click(w, "cmdCustomer");
     QVERIFY(app.customer->isVisible());
-    QCOMPARE(app.v.Mode, qint16(6));
+    QCOMPARE(app.v.Mode, Mode::RecurringEvents);
     click(app.customer, "cmdCustomer_1");
     QVERIFY(w->isVisible());
     QVERIFY(!app.customer->isVisible());
@@ -367,8 +367,8 @@ void TestCalendarScreens::blockedForAllTeamsThenRefusedOnTheSchedulingScreen()
     click(w, "cmdExit");
 
     // The Scheduling Screen on North Truck's Friday: every hour taken, every click refused.
-    app.v.gCurName = "Hill Bakery";
-    app.v.Mode = 2;
+    app.v.current.name = "Hill Bakery";
+    app.v.Mode = Mode::ServiceSlip;
     app.ShowMainForCustomer();
     frmMain* m = app.mainForm;
     m->lstTeam->setCurrentRow(0);
