@@ -66,7 +66,8 @@ void place(ScheduleDay& day, const SlipRecord& r)
     const int index = int(day.records.size());
     day.records << r;
     for (int k = 0; k < r.text(SlipField::Hours).toInt(); ++k) {
-        day.slotTexts[start + k] = r.text(SlipField::ConfirmationNo) + u' ' + r.text(SlipField::Name);
+        day.slotTexts[start + k] =
+            r.text(SlipField::ConfirmationNo) + u' ' + r.text(SlipField::Name);
         day.recordOf[start + k] = index;
     }
 }
