@@ -1,9 +1,9 @@
 // Captures the screens to PNG files for review: the splash with its welcome
 // panel, every tab of the setup screen, the main menu, the Scheduling Screen (a booked
 // day, its month sheet, its day view, the stored slips and the print panel with the pages
-// of the schedules), the customer screen, the
-// record screen, the history and the courtesy calls, each at its own size and at the size
-// of the whole screen. Runs on sample program folders in temporary directories.
+// of the schedules), the customer screen with its stored calls, the record screen, the
+// history, the courtesy calls and the call monitor, each at its own size and at the size of
+// the whole screen. Runs on sample program folders in temporary directories.
 //
 //   dispatch_screenshots <output folder>
 #include "sampleinstallation.h"
@@ -15,7 +15,9 @@
 #include "core/ports/clock.h"
 #include "core/ports/desktop.h"
 #include "core/ports/dialogs.h"
+#include "core/telephony/storedcalls.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/customers/storedcallpanel.h"
 #include "screens/documents/printrun.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
@@ -29,6 +31,7 @@
 #include "screens/shell/frmstartup.h"
 #include "screens/shell/screenframe.h"
 #include "screens/sliprecords/frmcallrecord.h"
+#include "screens/telephony/frmcallid.h"
 
 #include <QAction>
 #include <QApplication>
@@ -116,15 +119,15 @@ QByteArray slip(const char* number, const char* name, const char* street, const 
 void grabScheduling(App& app, const QString& root, const QString& out)
 {
     DispatchingVariables& v = app.v;
-    v.gCurAccount = QStringLiteral("10422");
-    v.gCurName = QStringLiteral("Margaret Ellison");
-    v.gCurAddress1 = QStringLiteral("418 Walnut Avenue");
-    v.gCurAddress2 = QStringLiteral("Apt 2B");
-    v.gCurCity = QStringLiteral("Springfield");
-    v.gCurState = QStringLiteral("IL");
-    v.gCurZip = QStringLiteral("62704");
-    v.gCurPhone = QStringLiteral("(217)555-0187");
-    v.Mode = 2;
+    v.current.account = QStringLiteral("10422");
+    v.current.name = QStringLiteral("Margaret Ellison");
+    v.current.address1 = QStringLiteral("418 Walnut Avenue");
+    v.current.address2 = QStringLiteral("Apt 2B");
+    v.current.city = QStringLiteral("Springfield");
+    v.current.state = QStringLiteral("IL");
+    v.current.zip = QStringLiteral("62704");
+    v.current.phone = QStringLiteral("(217)555-0187");
+    v.Mode = Mode::ServiceSlip;
     app.ShowMainForCustomer();
     frmMain* w = app.mainForm;
     const QDate day = w->currentDate();
@@ -209,12 +212,32 @@ bool grabWorkingScreens(const QString& out)
     customer->Command1[0]->click();
     customer->mnuAux->trigger();
     grab(customer, out, QStringLiteral("customer-aux"));
+    customer->mnuAux->trigger();
+    // Two calls kept while the office was away: the first from the account on show.
+    auto call = [](const QString& name, const QString& number, const QString& time) {
+        CallRecord record;
+        record.setText(CallField::CallName, name);
+        record.setText(CallField::CallNumber, number);
+        record.setText(CallField::CallTime, time);
+        return record.bytes();
+    };
+    const QByteArray calls =
+        call("CALLER ONE", customer->txtCustomer[CustomerBox::Phone]->text(), "08:05 am") +
+        call("A N OTHER", "999-555-0123", "07:40 pm");
+    if (app.store.WriteFile(StoredCalls::kFile, calls)) {
+        customer->calls->Form_Activate();
+        customer->calls->cmdCallLater->click();
+        grab(customer, out, QStringLiteral("customer-calls"));
+        (void)StoredCalls::DeleteAll(app.store);
+    }
     app.OpenEntry(MenuEntry::Reschedule);
     grab(app.callRecord, out, QStringLiteral("records"));
     app.OpenEntry(MenuEntry::ServiceHistory);
     grab(app.history, out, QStringLiteral("history"));
     app.OpenEntry(MenuEntry::PlaceReminderCalls);
     grab(app.callBack, out, QStringLiteral("callback"));
+    app.OpenEntry(MenuEntry::UnattendedMonitoring);
+    grab(app.callId, out, QStringLiteral("callid"));
     app.ExitProgram();
     return true;
 }

@@ -283,7 +283,7 @@ void App::OpenEntry(int index)
             connect(callRecord, &frmCallRecord::rescheduleChosen, this,
                     [this] { ShowMainForReschedule(v.gRescheduleSearchFor == 1); });
         }
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(callRecord.data());
         break;
     case MenuEntry::CreateServiceSlip:
@@ -297,7 +297,7 @@ void App::OpenEntry(int index)
     case MenuEntry::StoredSlips: {
         // The stored slips have no screen of their own: the Scheduling Screen lists them.
         frmMain* screen = MainForm();
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(screen);
         break;
     }
@@ -309,7 +309,7 @@ void App::OpenEntry(int index)
             connect(callBack, &frmCallBack::callCustomer, this,
                     [this](const QString& tel, const QString& name) { ShowDialer(name, tel); });
         }
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(callBack.data());
         break;
     case MenuEntry::UnattendedMonitoring:
@@ -324,14 +324,14 @@ void App::OpenEntry(int index)
             });
         }
         if (!m_link->isOpen()) m_link->setDevice(ModemDevice(v.gModemPort));
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(callId.data());
         break;
     case MenuEntry::ServiceHistory:
         MakeHistory();
         history->History = false;
         history->setWindowModality(Qt::NonModal);
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(history.data());
         break;
     default:
@@ -350,22 +350,25 @@ void App::OpenCustomer(int index)
         connect(customer, &frmCustomer::dialRequested, this, &App::ShowDialer);
         ShowPhoneFeatures(m_phoneFeatures);
     }
-    v.Mode = qint16(index + 1);
+    v.Mode = ModeOfEntry(index);
     Bring(customer.data());
 }
 
 void App::CustomerSelected()
 {
-    // The customer is the first step; the routine goes on by Mode. Recurring events,
-    // contracts and work orders have no screen in this program yet: the user is told,
-    // and stays with the customer saved.
-    switch (v.Mode) {
-    case 2:
-    case 7:
+    // The customer is the first step; the routine goes on where AfterCustomerSelect says.
+    // Recurring events, contracts and work orders have no screen in this program yet: the
+    // user is told, and stays with the customer saved.
+    switch (AfterCustomerSelect(v.Mode)) {
+    case AfterCustomer::SchedulingScreen:
         ShowMainForCustomer();
         break;
-    default:
+    case AfterCustomer::RecurringEvents:
+    case AfterCustomer::Contract:
+    case AfterCustomer::WorkOrder:
         m_dialogs.message(QStringLiteral("This routine is not available yet"));
+        break;
+    case AfterCustomer::Nowhere:
         break;
     }
 }
@@ -399,7 +402,7 @@ void App::ShowMainForReschedule(bool meetings)
 {
     frmMain* screen = MainForm();
     screen->rescheduleMeeting = meetings;
-    v.Mode = 10;
+    v.Mode = Mode::Reschedule;
     Bring(screen);
 }
 

@@ -15,6 +15,20 @@ namespace tresvane
 
 namespace
 {
+
+// An account as the records are compared: the blanks that pad it do not count, and every
+// other character does, a tab or a line end too, so the account the list shows is the
+// one a filter or a purge finds.
+QByteArray accountKey(const QString& account)
+{
+    const QByteArray bytes = cp1252::encode(account);
+    qsizetype begin = 0, end = bytes.size();
+    while (begin < end && bytes[begin] == ' ')
+        ++begin;
+    while (end > begin && bytes[end - 1] == ' ')
+        --end;
+    return bytes.mid(begin, end - begin);
+}
 struct FileColumns {
     int account, name, date, text, last; // grid columns 0 to 4 in order
 };
@@ -91,7 +105,7 @@ Status loadFile(Store& store, const QString& name, const RecordLayout& layout,
 {
     Result<QByteArray> bytes = countedBytes(store, name, layout.length());
     if (!bytes) return bytes.status();
-    const QByteArray wanted = cp1252::encode(filter.account.trimmed());
+    const QByteArray wanted = accountKey(filter.account);
     HistoryDamage damage{name.mid(1), 0, 0};
     TextPool accountPool, namePool, datePool, lastPool;
     ForEachRecord(layout, *bytes, [&](qsizetype recordNo, const RecordView& r) {
@@ -166,8 +180,12 @@ QString DescribeDamage(const QList<HistoryDamage>& damage)
 
 Status PurgeAllHistory(Store& store)
 {
-    if (Status s = store.KillWithBackup(ServiceHistoryFileName()); !s) return s;
-    return store.KillWithBackup(LedgerFileName());
+    // Both files go together, so a crash cannot leave one account's ledger without its
+    // service history.
+    return store.inGroup([&store]() -> Status {
+        if (Status s = store.KillWithBackup(ServiceHistoryFileName()); !s) return s;
+        return store.KillWithBackup(LedgerFileName());
+    });
 }
 
 namespace
@@ -194,13 +212,15 @@ Status purgeAccount(Store& store, const QString& name, const RecordLayout& layou
 
 Status PurgeAccountHistory(Store& store, const QString& account)
 {
-    const QByteArray wanted = cp1252::encode(account.trimmed());
-    if (Status s = purgeAccount(store, ServiceHistoryFileName(), ServiceHistoryLayout(),
-                                ServiceHistoryField::ServiceAccount, wanted);
-        !s)
-        return s;
-    return purgeAccount(store, LedgerFileName(), LedgerLayout(), LedgerField::LedgerAccount,
-                        wanted);
+    const QByteArray wanted = accountKey(account);
+    return store.inGroup([&]() -> Status {
+        if (Status s = purgeAccount(store, ServiceHistoryFileName(), ServiceHistoryLayout(),
+                                    ServiceHistoryField::ServiceAccount, wanted);
+            !s)
+            return s;
+        return purgeAccount(store, LedgerFileName(), LedgerLayout(), LedgerField::LedgerAccount,
+                            wanted);
+    });
 }
 
 } // namespace tresvane

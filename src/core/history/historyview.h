@@ -19,7 +19,7 @@ class Store;
 
 struct HistoryFilter {
     bool byAccount = false; // the tick "this account only"
-    QString account;        // compared trimmed, as written (case counts)
+    QString account;        // compared without its padding blanks, as written (case counts)
     QDate from;
     QDate to;
 };
@@ -58,13 +58,13 @@ QDate ParseHistoryDate(QByteArrayView text);
 // The message for records that could not be read, or empty when there were none.
 QString DescribeDamage(const QList<HistoryDamage>& damage);
 
-// Deletes both history files and their copies in Backup.
+// Deletes both history files and their copies in Backup, as one change.
 Status PurgeAllHistory(Store& store);
-
-// Drops every record of the account (trimmed account equal to the trimmed text) from both
-// files: the records of other accounts go to AccountsTemp.txt, numbered from 1, and that
-// file replaces the history file, whose copy in Backup goes first. A missing history file
-// comes out as an empty one, as it always has.
+// Drops every record of the account (the stored account equal to the text, padding blanks
+// aside, as the account list shows it) from both files, as one change: the records of
+// other accounts go to AccountsTemp.txt, numbered from 1, and that file replaces the
+// history file, whose copy in Backup goes first. A missing history file comes out as an
+// empty one, as it always has.
 Status PurgeAccountHistory(Store& store, const QString& account);
 
 } // namespace tresvane

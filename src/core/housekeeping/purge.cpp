@@ -15,7 +15,10 @@ QString PurgedDateFileName()
     return QStringLiteral("/PurgedDate.txt");
 }
 
-Status PurgeDayFiles(CoreContext& c)
+namespace
+{
+
+Status purgeDayFiles(CoreContext& c)
 {
     DispatchingVariables& v = c.v;
     const QDate today = c.clock.today();
@@ -47,12 +50,23 @@ Status PurgeDayFiles(CoreContext& c)
     return PurgeMeetings(c);
 }
 
+} // namespace
+
+Status PurgeDayFiles(CoreContext& c)
+{
+    // The days, the date of the purge and the meetings land as one change: a crash part
+    // way leaves no day gone while the purge date says it was never reached, nor the
+    // reverse.
+    return c.store.inGroup([&c] { return purgeDayFiles(c); });
+}
+
 Status PurgeMeetings(CoreContext& c)
 {
     const QString name = MeetingsFileName();
     if (!c.store.FileExists(name)) return {};
-    if (Status s = CountSlipRecords(c, name); !s) return s;
-    if (c.v.gRecordCount < 1) return {};
+    Result<qint32> count = CountSlipRecords(c.store, name);
+    if (!count) return count.status();
+    if (*count < 1) return {};
     Result<QList<SlipRecord>> records = ReadSlipRecords(c.store, name);
     if (!records) return records.status();
     const QDate today = c.clock.today();

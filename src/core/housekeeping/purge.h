@@ -10,8 +10,9 @@ namespace tresvane
 
 // Deletes this year's day files of every team from the day after the last purge up to
 // yesterday, writes yesterday's day of the year to PurgedDate.txt (0 on 1 January), then
-// PurgeMeetings. A day file of today or later is never touched. PurgedDate.txt is written
-// only once the deletes are done, so a purge that fails is repeated at the next start.
+// PurgeMeetings. A day file of today or later is never touched. All of it lands as one
+// change or none of it does, so a purge that fails or is cut short is repeated whole at
+// the next start.
 Status PurgeDayFiles(CoreContext& c);
 
 // Drops the meetings dated before today from Meetings.txt, through TemporaryFile.txt.

@@ -5,11 +5,13 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QSet>
 #include <QUrl>
 
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <optional>
 #include <unistd.h>
 
 namespace tresvane
@@ -66,6 +68,16 @@ QString matchComponent(const QString& folder, const QString& component)
     for (const QString& entry : entries)
         if (entry.compare(component, Qt::CaseInsensitive) == 0) return entry;
     return component;
+}
+
+// Flushes a folder's entries, so that a file renamed into it or removed from it stays so
+// after a power cut, not only the file's bytes.
+void syncFolder(const QString& folder)
+{
+    const int fd = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY);
+    if (fd < 0) return;
+    ::fsync(fd);
+    ::close(fd);
 }
 
 bool syncFile(const QString& path)
@@ -298,6 +310,7 @@ Status Store::ReplaceFile(const QString& temporary, const QString& target)
     if (!QFileInfo(from).isFile()) return fail(QStringLiteral("Could not find"), temporary);
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
         return fail(QStringLiteral("Could not replace"), target);
+    syncFolder(QFileInfo(to).path());
     return KillIfPresent(temporary);
 }
 
@@ -401,13 +414,15 @@ Status Store::WriteFile(const QString& name, const QByteArray& bytes)
         return {};
     }
     fileCall();
-    QSaveFile file(resolve(name));
+    const QString target = resolve(name);
+    QSaveFile file(target);
     // Where the folder forbids a temporary beside the target, write directly rather
     // than fail: the folder's rights are the user's choice.
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) return fail(QStringLiteral("Could not write"), name);
     if (file.write(bytes) != bytes.size() || !file.commit())
         return fail(QStringLiteral("Could not write"), name);
+    syncFolder(QFileInfo(target).path());
     return {};
 }
 
@@ -628,42 +643,114 @@ Status Store::commitPending()
             !file.commit())
             return fail(QStringLiteral("Could not write"), ChangeFolder() + u'/' + kIntentName);
     }
+    syncFolder(folder);
     return applyIntent(intent);
 }
+
+namespace
+{
+
+// One line of an intent record.
+struct IntentStep {
+    enum class Kind { Delete, Whole, Patch };
+    Kind kind = Kind::Delete;
+    QString stage;  // the new version's file in the change folder; none for a delete
+    QString target; // absolute
+    qint64 offset = 0;
+};
+
+// Far past the end of any record file: an offset beyond it is damage, not a record.
+constexpr qint64 kLargestPatchOffset = qint64(1) << 32;
+
+bool isStageName(const QByteArray& name)
+{
+    static const QRegularExpression stage(QStringLiteral("^[0-9]{1,9}\\.new$"));
+    return stage.match(QString::fromLatin1(name)).hasMatch();
+}
+
+// The steps of a whole record, or none when any line is not one a commit writes: a record
+// damaged on disk is never applied in part, and no step reaches outside the folder.
+std::optional<QList<IntentStep>> parseIntent(const QByteArray& intent, const QString& root)
+{
+    if (!intent.endsWith("\nEND\n") && intent != "END\n") return std::nullopt;
+    QList<IntentStep> steps;
+    const QList<QByteArray> lines = intent.chopped(4).split('\n');
+    for (const QByteArray& line : lines) {
+        if (line.isEmpty()) continue;
+        const QList<QByteArray> f = line.split('\t');
+        IntentStep step;
+        QByteArray target;
+        if (f[0] == "D" && f.size() == 2) {
+            step.kind = IntentStep::Kind::Delete;
+            target = f[1];
+        } else if (f[0] == "W" && f.size() == 3 && isStageName(f[1])) {
+            step.kind = IntentStep::Kind::Whole;
+            step.stage = QString::fromLatin1(f[1]);
+            target = f[2];
+        } else if (f[0] == "P" && f.size() == 4 && isStageName(f[1])) {
+            step.kind = IntentStep::Kind::Patch;
+            step.stage = QString::fromLatin1(f[1]);
+            target = f[2];
+            bool ok = false;
+            step.offset = f[3].toLongLong(&ok);
+            if (!ok || step.offset < 0 || step.offset > kLargestPatchOffset) return std::nullopt;
+        } else {
+            return std::nullopt;
+        }
+        const QString relative = QUrl::fromPercentEncoding(target);
+        step.target = QDir::cleanPath(root + u'/' + relative);
+        if (relative.isEmpty() || relative.startsWith(u'/') || !step.target.startsWith(root + u'/'))
+            return std::nullopt;
+        steps << step;
+    }
+    return steps;
+}
+
+} // namespace
 
 Status Store::applyIntent(const QByteArray& intent)
 {
     const QString folder = m_root + ChangeFolder();
-    for (const QByteArray& line : intent.split('\n')) {
-        const QList<QByteArray> f = line.split('\t');
-        if (f.size() < 2) continue;
-        const QString target = m_root + u'/' + QUrl::fromPercentEncoding(f[0] == "D" ? f[1] : f[2]);
-        if (f[0] == "D" && f.size() == 2) {
+    const std::optional<QList<IntentStep>> steps = parseIntent(intent, m_root);
+    if (!steps)
+        return fail(QStringLiteral("Could not read the damaged record"),
+                    ChangeFolder() + u'/' + kIntentName);
+    QSet<QString> touched;
+    for (const IntentStep& step : *steps) {
+        const QString& target = step.target;
+        const QString stage = folder + u'/' + step.stage;
+        switch (step.kind) {
+        case IntentStep::Kind::Delete:
             if (QFileInfo(target).isFile()) {
                 fileCall();
                 if (!QFile::remove(target))
                     return fail(QStringLiteral("Could not delete"), relative(target));
             }
-        } else if (f[0] == "W" && f.size() == 3) {
+            break;
+        case IntentStep::Kind::Whole:
             // A new version already moved in place is not there any more: done before.
-            const QString stage = folder + u'/' + QString::fromLatin1(f[1]);
             if (QFileInfo(stage).isFile()) {
                 fileCall();
                 if (std::rename(QFile::encodeName(stage).constData(),
                                 QFile::encodeName(target).constData()) != 0)
                     return fail(QStringLiteral("Could not replace"), relative(target));
             }
-        } else if (f[0] == "P" && f.size() == 4) {
+            break;
+        case IntentStep::Kind::Patch:
             // Writing a record again over itself is harmless: the stage goes only after.
-            const QString stage = folder + u'/' + QString::fromLatin1(f[1]);
             if (QFileInfo(stage).isFile()) {
-                if (!patchFlushed(target, f[3].toLongLong(), diskBytes(stage)))
+                if (!patchFlushed(target, step.offset, diskBytes(stage)))
                     return fail(QStringLiteral("Could not write"), relative(target));
                 fileCall();
                 QFile::remove(stage);
             }
+            break;
         }
+        touched.insert(QFileInfo(target).path());
     }
+    // Every step stands on disk before the record that would repeat them goes.
+    for (const QString& f : touched)
+        syncFolder(f);
     fileCall();
     QFile::remove(folder + u'/' + kIntentName);
     QDir(folder).removeRecursively();
@@ -676,9 +763,9 @@ Status Store::RecoverInterruptedChange()
     const QString folder = m_root + ChangeFolder();
     if (QFileInfo(folder).isDir()) {
         const QByteArray intent = diskBytes(folder + u'/' + kIntentName);
-        // A record is whole when it ends with its closing line; else the change never
-        // reached its instant and is dropped.
-        if (intent.endsWith("END\n")) {
+        // A record is whole when it ends with its closing line and every line is one a
+        // commit writes; else the change never reached its instant and is dropped.
+        if (parseIntent(intent, m_root)) {
             if (Status s = applyIntent(intent); !s) return s;
         }
         if (!QDir(folder).removeRecursively())

@@ -200,7 +200,6 @@ Status BuildExtraFolders(CoreContext& c)
 
 Status InitStartupData(CoreContext& c)
 {
-    c.v.gToday = c.clock.today();
     BuildTimeLabels(c.v);
     return LoadBusiness(c);
 }

@@ -3,6 +3,7 @@
 #include "core/io/result.h"
 #include "core/schedule/booking.h"
 #include "core/schedule/dayfiles.h"
+#include "core/schedule/dayview.h"
 #include "core/state/corecontext.h"
 #include "screens/shell/unsavededits.h"
 
@@ -162,6 +163,10 @@ private:
     Desktop& m_desktop;
     PrintDialogs& m_printDialogs;
     QDate m_currentDate;
+    // The team's day on the screen, read once per change of team or date.
+    TeamDay m_day;
+    // What the grid's slot column shows, with the event placed by the clicks.
+    GridColumn m_grid;
     int m_gridRow = 1;
     int m_storedSlipRow = 0;
     bool m_settingCalendar = false;

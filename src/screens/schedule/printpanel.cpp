@@ -71,13 +71,13 @@ ScheduleForm PrintPanel::form() const
 QString PrintPanel::prompt() const
 {
     // No paper is checked; the prompt only asks for the paper the document is laid out on.
-    if (c.v.Mode == 5) return kPerforatedPaper;
+    if (c.v.Mode == Mode::Invoices) return kPerforatedPaper;
     return form() == ScheduleForm::WorkDay ? kPerforatedPaper : kPlainPaper;
 }
 
 void PrintPanel::Open()
 {
-    fraWorkSchedule->setVisible(c.v.Mode == 3);
+    fraWorkSchedule->setVisible(c.v.Mode == Mode::WorkSchedules);
     setTitle(prompt());
     setVisible(true);
     cmdInvoiceContinue->setFocus();
@@ -91,7 +91,7 @@ void PrintPanel::Reset()
 
 DrawDocuments PrintPanel::documents() const
 {
-    if (c.v.Mode != 3 || !m_selection) return {};
+    if (c.v.Mode != Mode::WorkSchedules || !m_selection) return {};
     const Selection s = m_selection();
     const ScheduleRequest request{s.date, s.team, form()};
     return [this, request](PrintSurface& surface) -> Status {

@@ -145,16 +145,6 @@ Status SetupPrintTab::LoadPrintColors()
     return st;
 }
 
-Status SetupPrintTab::SavePrintColors()
-{
-    const PrintColors s = settings();
-    c.v.settings.ckColor = s.printColor ? 1 : 0;
-    c.v.settings.txtBorders = QString::number(s.borderColor);
-    c.v.settings.txtData = QString::number(s.textColor);
-    c.v.settings.lblFont = s.fontName;
-    return SetupData::SavePrintColors(c, s);
-}
-
 void SetupPrintTab::cmdChange_Click(int index)
 {
     if (index == 1 || index == 2) {

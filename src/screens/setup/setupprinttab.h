@@ -43,8 +43,6 @@ public:
     PrintColors settings() const;
     // Reads PrintColors.txt (or its defaults) into the controls and the shared state.
     Status LoadPrintColors();
-    // Writes the controls to PrintColors.txt; gBorderColor follows the border box.
-    Status SavePrintColors();
 
     void cmdChange_Click(int index);
 

@@ -47,6 +47,8 @@ private slots:
     void amountForms();
     void missingAndOversizedFiles();
     void purges();
+    void accountsBeyondBlanks_data();
+    void accountsBeyondBlanks();
 };
 
 void TestHistoryView::filters_data()
@@ -186,6 +188,40 @@ void TestHistoryView::purges()
     QCOMPARE(f.snapshot().keys(), QStringList{"Slips.txt"});
     QVERIFY(PurgeAccountHistory(f.store, "A1").ok());
     QVERIFY(f.has("ServiceHistory.txt") && f.get("ServiceHistory.txt").isEmpty());
+}
+
+// An account the list shows, whatever characters besides blanks it holds, is the account a
+// filter shows and a purge removes.
+void TestHistoryView::accountsBeyondBlanks_data()
+{
+    QTest::addColumn<QByteArray>("account");
+    QTest::newRow("a tab at the end") << QByteArray("A1\t");
+    QTest::newRow("a line end at the end") << QByteArray("A1\r\n");
+    QTest::newRow("a non-breaking space") << QByteArray("A1\xa0");
+    QTest::newRow("a control character first") << QByteArray("\x16"
+                                                             "A1");
+}
+
+void TestHistoryView::accountsBeyondBlanks()
+{
+    QFETCH(QByteArray, account);
+    ProgramFolder f;
+    f.put("ServiceHistory.txt",
+          ServiceRec("Ann", account, "01/01/2026") + ServiceRec("Bob", "A1", "01/02/2026"));
+    f.put("CAHistory.txt", LedgerRec("Ann", account, "01/01/2026", "$5.00"));
+    Result<HistoryView> all = LoadHistory(f.store, {false, {}, kEver, kNever});
+    QVERIFY(all.ok());
+    QCOMPARE(all->accounts.size(), 2);
+    const QString shown = all->accounts.first() == QStringLiteral("A1") ? all->accounts.last()
+                                                                        : all->accounts.first();
+    Result<HistoryView> mine = LoadHistory(f.store, {true, shown, kEver, kNever});
+    QVERIFY(mine.ok());
+    QCOMPARE(column(mine->service, 1), QStringList{"Ann"});
+    QCOMPARE(mine->ledger.size(), 1);
+
+    QVERIFY(PurgeAccountHistory(f.store, shown).ok());
+    QCOMPARE(f.get("ServiceHistory.txt"), ServiceRec("Bob", "A1", "01/02/2026"));
+    QCOMPARE(f.get("CAHistory.txt"), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(TestHistoryView)

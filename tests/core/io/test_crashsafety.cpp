@@ -1,6 +1,7 @@
 #include "core/customers/customerdelete.h"
 #include "core/customers/customerediting.h"
 #include "core/housekeeping/backup.h"
+#include "core/housekeeping/purge.h"
 #include "core/io/customerrecords.h"
 #include "core/io/sliprecord.h"
 #include "core/schedule/booking.h"
@@ -64,10 +65,10 @@ QByteArray records(int count, int length, char first)
 
 void customerInHand(ProgramFolder& f)
 {
-    f.v.Mode = 2;
+    f.v.Mode = Mode::ServiceSlip;
     f.v.CurrentTeam = "2";
-    f.v.gCurAccount = "A-100";
-    f.v.gCurName = "Ada Byron";
+    f.v.current.account = "A-100";
+    f.v.current.name = "Ada Byron";
     f.v.settings.ckSlipStyle = 1;
     f.v.gJulianDay = "120";
     f.v.gSequence = 1;
@@ -150,14 +151,14 @@ Routine booking()
                 grid.fill(NoEventScheduled());
                 grid[3] = grid[4] = "SA120-1 Ada Byron";
                 WriteSlots(f.v, grid);
-                BookingScreen s;
-                s.calendarDate = QDate(2026, 5, 5);
-                s.EventText = "SA120-1 Ada Byron";
-                s.txtTime = "2";
-                s.currentRow = 4;
-                s.SlipNumber = f.v.gConfirmation;
-                s.cboService = "Leaking tap";
-                s.FromStoredSlip = -1;
+                BookingRequest s = NewBookingRequest(f.v);
+                s.date = QDate(2026, 5, 5);
+                s.eventText = "SA120-1 Ada Byron";
+                s.hours = "2";
+                s.firstSlot = 4;
+                s.number = f.v.gConfirmation;
+                s.problem = "Leaking tap";
+                s.fromStoredSlip = true;
                 s.storedSlipRow = 1;
                 return SaveBooking(f.ctx, s).status();
             },
@@ -180,6 +181,32 @@ Routine exitBackup()
             {"Backup/Slips.txt", "Backup/Meetings.txt", "Backup/CustomerData.txt",
              "Backup/Counter.txt", "Backup/2026-04-30/Slips.txt",
              "Backup/2026-04-30/CustomerData.txt", "Backup/2026-04-30/Counter.txt"}};
+}
+
+// The purge at start: the day files of two teams from the last purge to yesterday, the
+// purge date and the meetings gone by.
+Routine purge()
+{
+    return {[](ProgramFolder& f) {
+                f.v.gYear = "2026";
+                f.v.gAssignTo = {"populated", "Crew A", "Crew B"};
+                for (const char* team : {"Team#1", "Team#2"})
+                    for (int day = 117; day <= 120; ++day)
+                        f.put(QStringLiteral("2026/%1/%2.txt").arg(team).arg(day),
+                              QByteArray(12, char('a' + day - 117)));
+                f.put("PurgedDate.txt", "116\r\n");
+                QByteArray meetings;
+                for (const char* date : {"04/28/2026", "05/02/2026", "04/29/2026"}) {
+                    SlipRecord r;
+                    r.setText(SlipField::RecType, "Meeting");
+                    r.setText(SlipField::EventDate, date);
+                    meetings += r.bytes();
+                }
+                f.put("Meetings.txt", meetings);
+            },
+            [](ProgramFolder& f) { return PurgeDayFiles(f.ctx); },
+            {"2026/Team#1/117.txt", "2026/Team#1/119.txt", "2026/Team#1/120.txt",
+             "2026/Team#2/118.txt", "PurgedDate.txt", "Meetings.txt"}};
 }
 
 struct Outcome {
@@ -211,11 +238,13 @@ Routine routineNo(int n)
         return booking();
     case 3:
         return completion();
-    default:
+    case 4:
         return exitBackup();
+    default:
+        return purge();
     }
 }
-constexpr int kRoutines = 5;
+constexpr int kRoutines = 6;
 
 // The group before and after an undisturbed run, and how many file calls the run makes.
 struct Reference {
@@ -286,6 +315,7 @@ void TestCrashSafety::killedAtEveryFileCall_data()
     QTest::newRow("booking with a stored slip") << 2;
     QTest::newRow("completion") << 3;
     QTest::newRow("exit backup") << 4;
+    QTest::newRow("purge at start") << 5;
 }
 
 void TestCrashSafety::killedAtEveryFileCall()

@@ -305,6 +305,29 @@ void TestStore::interruptedChangeAtStart_data()
                  {"ChangeInProgress/1.new", "new"},
                  {"ChangeInProgress/Intent.txt", "W\t1.new\t2026/Team%233/125.txt\nEND\n"}}
         << Files{{"2026/Team#3/125.txt", "new"}};
+    // A record damaged on disk is dropped whole: applied in part it would mix old and new,
+    // and no line of it may reach beside the program folder.
+    const Files outside{{"../neighbour.txt", "not the program's"}};
+    auto damaged = [&](const char* intent) {
+        Files laid = with(
+            {{"ChangeInProgress/1.new", "new slips"}, {"ChangeInProgress/Intent.txt", intent}});
+        laid.insert(outside);
+        return laid;
+    };
+    Files untouched = files;
+    untouched.insert(outside);
+    QTest::newRow("record with a line cut short")
+        << damaged("W\t1.new\tSlips.txt\nW\t2.END\n") << untouched;
+    QTest::newRow("record naming a file beside the folder")
+        << damaged("W\t1.new\t..%2Fneighbour.txt\nEND\n") << untouched;
+    QTest::newRow("record deleting a file beside the folder")
+        << damaged("D\tSlips.txt\nD\t..%2Fneighbour.txt\nEND\n") << untouched;
+    QTest::newRow("record whose new version lies beside the folder")
+        << damaged("W\t../../neighbour.txt\tSlips.txt\nEND\n") << untouched;
+    QTest::newRow("record written in place far past any record file")
+        << damaged("P\t1.new\tSlips.txt\t99999999999999\nEND\n") << untouched;
+    QTest::newRow("record of an unknown step")
+        << damaged("W\t1.new\tSlips.txt\nX\tMeetings.txt\nEND\n") << untouched;
     QTest::newRow("temporaries of cut-short saves")
         << with({{"Slips.txt.a1B2c3", "half"},
                  {"Backup/Counter.txt", "c"},
@@ -324,12 +347,17 @@ void TestStore::interruptedChangeAtStart()
     ProgramFolder f;
     for (auto it = laid.cbegin(); it != laid.cend(); ++it)
         f.put(it.key(), it.value());
-    QVERIFY(f.store.RecoverInterruptedChange().ok());
-    QCOMPARE(f.snapshot(), expected);
-    QVERIFY(!f.hasFolder("ChangeInProgress"));
-    // A second start finds nothing more to do.
-    QVERIFY(f.store.RecoverInterruptedChange().ok());
-    QCOMPARE(f.snapshot(), expected);
+    // What lies beside the program folder is compared on its own.
+    Files inside, beside;
+    for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+        (it.key().startsWith(u"../") ? beside : inside).insert(it.key(), it.value());
+    for (int start = 1; start <= 2; ++start) {
+        QVERIFY(f.store.RecoverInterruptedChange().ok());
+        QCOMPARE(f.snapshot(), inside);
+        QVERIFY(!f.hasFolder("ChangeInProgress"));
+        for (auto it = beside.cbegin(); it != beside.cend(); ++it)
+            QCOMPARE(f.get(it.key()), it.value());
+    }
 }
 
 QTEST_GUILESS_MAIN(TestStore)

@@ -166,7 +166,7 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     frmMain* w = app->mainForm;
     QVERIFY(w && w->isVisible());
     QVERIFY(!customer->isVisible());
-    QCOMPARE(app->v.Mode, qint16(2));
+    QCOMPARE(app->v.Mode, Mode::ServiceSlip);
     QCOMPARE(w->txtName->text(), QString("Hill Bakery"));
 
     // Team 2, Tuesday 5 May, three hours from the fourth slot.
@@ -200,7 +200,7 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     QCOMPARE(run.get("2026/Team#2/125.txt"), kFree.repeated(12));
     QVERIFY(w->isVisible());
     QVERIFY(!records->isVisible());
-    QCOMPARE(app->v.Mode, qint16(2));
+    QCOMPARE(app->v.Mode, Mode::ServiceSlip);
 
     book(w, run.dialogs, 0, QDate(2026, 5, 6), 2, 0, "SA120-5");
     VERIFY_DIALOGS(run.dialogs);

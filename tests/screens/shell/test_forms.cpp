@@ -9,6 +9,7 @@
 #include "screens/customers/customerauxpanel.h"
 #include "screens/customers/customersearchpanel.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/customers/storedcallpanel.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -22,6 +23,7 @@
 #include "screens/shell/frmstartup.h"
 #include "screens/shell/screenframe.h"
 #include "screens/sliprecords/frmcallrecord.h"
+#include "screens/telephony/frmcallid.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -137,14 +139,14 @@ struct Office {
     frmMain* scheduling()
     {
         DispatchingVariables& v = app->v;
-        v.gCurAccount = QStringLiteral("10422");
-        v.gCurName = QStringLiteral("Margaret Ellison");
-        v.gCurAddress1 = QStringLiteral("418 Walnut Avenue");
-        v.gCurCity = QStringLiteral("Springfield");
-        v.gCurState = QStringLiteral("IL");
-        v.gCurZip = QStringLiteral("62704");
-        v.gCurPhone = QStringLiteral("217-555-0187");
-        v.Mode = 2;
+        v.current.account = QStringLiteral("10422");
+        v.current.name = QStringLiteral("Margaret Ellison");
+        v.current.address1 = QStringLiteral("418 Walnut Avenue");
+        v.current.city = QStringLiteral("Springfield");
+        v.current.state = QStringLiteral("IL");
+        v.current.zip = QStringLiteral("62704");
+        v.current.phone = QStringLiteral("217-555-0187");
+        v.Mode = Mode::ServiceSlip;
         app->ShowMainForCustomer();
         frmMain* w = app->mainForm;
         if (w->fraTeamCal->isVisible()) w->mnuTeamCal_Click();
@@ -196,6 +198,20 @@ struct Office {
             frmCustomer* w = customer();
             w->mnuAux_Click();
             return w;
+        }
+        if (state == "customer stored calls") {
+            frmCustomer* w = customer();
+            // Two calls of the widest name, number and time a call record holds.
+            const QByteArray call = "WWWWWWWWWWWWWWW217-555-010008:00 pm";
+            if (!app->store.WriteFile(QStringLiteral("/TelCall.txt"), call.repeated(2)))
+                return nullptr;
+            w->calls->Form_Activate();
+            w->calls->cmdCallLater_Click();
+            return w;
+        }
+        if (state == "call monitor") {
+            app->OpenEntry(MenuEntry::UnattendedMonitoring);
+            return app->callId;
         }
         if (state == "scheduling") return scheduling();
         if (state == "month sheet") {
@@ -252,7 +268,8 @@ const QStringList& screenStates()
                                     "setup 7",           "customer individual",
                                     "customer business", "customer search",
                                     "customer list",     "customer names",
-                                    "customer aux",      "scheduling",
+                                    "customer aux",      "customer stored calls",
+                                    "call monitor",      "scheduling",
                                     "month sheet",       "day view",
                                     "stored slips",      "records list",
                                     "records detail",    "records search",
