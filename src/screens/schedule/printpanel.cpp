@@ -1,6 +1,7 @@
 #include "screens/schedule/printpanel.h"
 
 #include "core/documents/printframe.h"
+#include "core/io/store.h"
 #include "core/state/dispatchingvariables.h"
 #include "screens/documents/printdialogs.h"
 #include "screens/shell/named.h"

@@ -2,6 +2,7 @@
 
 #include "core/documents/printframe.h"
 #include "core/documents/printlogo.h"
+#include "core/io/store.h"
 #include "core/ports/dialogs.h"
 #include "core/setup/pricelists.h"
 #include "core/setup/setupdata.h"
