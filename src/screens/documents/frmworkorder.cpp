@@ -222,7 +222,8 @@ void frmWorkOrder::buildLayout()
                  cmdWO[7],         cmdWO[2],       lstServices,     cboPrices[Services],
                  cmdWO[10],        cmdWO[9],       lstServicesList, lstItems,
                  cboPrices[Items], cmdWO[5],       cmdWO[4],        lstItemsList,
-                 cmdWO[3],         ckCompletion,   cmdWO[1],        cmdWO[0]});
+                 cmdWO[3],         ckCompletion,   cmdWO[1],        cmdPreview,
+                 cmdWO[0]});
     resize(980, 700);
 }
 
@@ -345,7 +346,7 @@ Status frmWorkOrder::drawDocuments(PrintSurface& surface)
     WorkOrderContent content;
     content.heading = cboHeading->currentText();
     content.date = c.clock.today();
-    content.account = c.v.gCurAccount;
+    content.account = c.v.current.account;
     content.customerLines = CustomerAddressLines(c.v).split(u'\n', Qt::SkipEmptyParts);
     content.narrative = *narrative;
     content.items = m_chosenItems.entries();
