@@ -436,7 +436,7 @@ frmContract* App::ContractForm()
 frmWorkOrder* App::WorkOrderForm()
 {
     if (!workOrder) {
-        workOrder = new frmWorkOrder(ctx);
+        workOrder = new frmWorkOrder(ctx, *m_print);
         Adopt(workOrder);
         connect(workOrder, &frmWorkOrder::showMenu, this, &App::ShowMenu);
     }

@@ -45,8 +45,8 @@ QString addressLines(const QString& name, const QString& street, const QString& 
 
 QString CustomerAddressLines(const DispatchingVariables& v)
 {
-    return addressLines(v.current.name, v.current.address1, v.current.address2, v.current.city, v.current.state,
-                        v.current.zip, !v.current.state.trimmed().isEmpty());
+    return addressLines(v.current.name, v.current.address1, v.current.address2, v.current.city,
+                        v.current.state, v.current.zip, !v.current.state.trimmed().isEmpty());
 }
 
 QString BusinessAddressLines(const DispatchingVariables& v)

@@ -4,7 +4,7 @@
 #include "core/io/textfile.h"
 #include "core/io/usforms.h"
 #include "core/schedule/dayfiles.h"
-#include "core/schedule/slipfiles.h"
+#include "core/schedule/dayview.h"
 #include "core/schedule/timegrid.h"
 #include "core/state/dispatchingvariables.h"
 
@@ -198,13 +198,6 @@ void printCompletionReport(PrintJob& job, const DispatchingVariables& v, const S
     }
 }
 
-bool onDay(const SlipRecord& r, const QDate& day, const QString& dayText)
-{
-    const QString date = r.text(SlipField::EventDate);
-    const std::optional<QDate> parsed = ParseShortDate(date);
-    return parsed && parsed->dayOfYear() == day.dayOfYear() && date.right(2) == dayText.right(2);
-}
-
 int recordHours(const SlipRecord& r)
 {
     if (r.text(SlipField::TimeUnit) == u"Days") return 8;
@@ -274,39 +267,41 @@ QList<int> ScheduleTeams(const DispatchingVariables& v, const ScheduleRequest& r
     return teams;
 }
 
+ScheduleDay ScheduleDayOf(const TeamDay& teamDay, const QString& teamName)
+{
+    ScheduleDay day;
+    day.date = teamDay.date;
+    day.team = teamDay.team.toInt();
+    day.teamName = teamName;
+    day.slotTexts = teamDay.slotTexts;
+    day.records = teamDay.records;
+    // Each record stands on its first slot and the hours after it, as the day view has it;
+    // a later record on the same hour wins there too.
+    for (int index = 0; index < day.records.size(); ++index) {
+        const SlipRecord& r = day.records[index];
+        const int start = r.text(SlipField::StartSlot).toInt() - 1;
+        if (start < 0 || start > 11) continue;
+        for (int k = 0; k < std::max(1, recordHours(r)) && start + k < 12; ++k)
+            day.recordOf[start + k] = index;
+    }
+    return day;
+}
+
 Result<QList<ScheduleDay>> ReadScheduleDays(Store& store, const DispatchingVariables& v,
                                             const ScheduleRequest& request)
 {
-    const QList<int> teams = ScheduleTeams(v, request);
     QList<ScheduleDay> days;
-    for (int team : teams) {
-        ScheduleDay day;
-        day.date = request.date;
-        day.team = team;
-        day.teamName = v.gAssignTo.value(team);
-        if (Status s = readSlots(store, request.date, team, day.slotTexts); !s) return s;
-        days << day;
-    }
-    const QString dayText = FormatShortDate(request.date);
-    for (const QString& name : {SlipsFileName(), MeetingsFileName()}) {
-        if (!store.IsFile(name)) continue;
-        Result<QList<SlipRecord>> records = ReadSlipRecords(store, name);
+    for (int team : ScheduleTeams(v, request)) {
+        // The day value as the Scheduling Screen reads it, without making the team's
+        // folder for a day nobody booked: printing never writes.
+        TeamDay teamDay;
+        teamDay.team = QString::number(team);
+        teamDay.date = request.date;
+        if (Status s = readSlots(store, request.date, team, teamDay.slotTexts); !s) return s;
+        Result<QList<SlipRecord>> records = ReadDayRecords(store, request.date, teamDay.team);
         if (!records) return records.status();
-        for (const SlipRecord& r : *records) {
-            // The same test as the day view's: the same day of the year and the same last
-            // two digits of the year, on the team.
-            if (!onDay(r, request.date, dayText)) continue;
-            const QString team = r.text(SlipField::TeamNo);
-            for (ScheduleDay& day : days) {
-                if (team != QString::number(day.team)) continue;
-                const int start = r.text(SlipField::StartSlot).toInt() - 1;
-                if (start < 0 || start > 11) continue;
-                const int index = int(day.records.size());
-                day.records << r;
-                for (int k = 0; k < std::max(1, recordHours(r)) && start + k < 12; ++k)
-                    day.recordOf[start + k] = index;
-            }
-        }
+        teamDay.records = std::move(*records);
+        days << ScheduleDayOf(teamDay, v.gAssignTo.value(team));
     }
     return days;
 }

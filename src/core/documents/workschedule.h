@@ -13,6 +13,7 @@ namespace tresvane
 
 class Store;
 struct DispatchingVariables;
+struct TeamDay;
 
 // The crews' daily work schedules. Two forms: the extended one, a portrait page on plain
 // paper with all twelve hours; and the work day one, a landscape page on perforated paper
@@ -56,6 +57,9 @@ void PrintWorkSchedule(PrintJob& job, const DispatchingVariables& v, const Sched
 
 // The teams a request prints, in the order they print.
 QList<int> ScheduleTeams(const DispatchingVariables& v, const ScheduleRequest& request);
+
+// A team's day value as the schedule prints it, each row with the record standing there.
+ScheduleDay ScheduleDayOf(const TeamDay& day, const QString& teamName);
 
 // The days of the request's teams, read without writing anything: the day files and the
 // records of Slips.txt and Meetings.txt on that date.

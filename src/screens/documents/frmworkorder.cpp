@@ -2,9 +2,12 @@
 
 #include "core/documents/addresslines.h"
 #include "core/documents/pricecatalogue.h"
+#include "core/documents/workorderdocument.h"
 #include "core/io/store.h"
+#include "core/ports/clock.h"
 #include "core/ports/dialogs.h"
 #include "core/state/dispatchingvariables.h"
+#include "screens/documents/printrun.h"
 #include "screens/shell/enterkey.h"
 #include "screens/shell/keyfilterwiring.h"
 #include "screens/shell/named.h"
@@ -41,9 +44,35 @@ const char* const kCaptions[11] = {"Menu",
                                    "Load a Template",
                                    "Select All",
                                    "Add Service"};
+// The print run's messages as the work order gives them: a failure of the printer or of
+// the data is told as "A Print Error has occurred", with what went wrong under it.
+class WorkOrderPrintErrors final : public Dialogs
+{
+public:
+    explicit WorkOrderPrintErrors(Dialogs& dialogs) : m_dialogs(dialogs) {}
+    Answer message(const QString& text, const QString& title, Buttons buttons, Icon icon) override
+    {
+        if (title == kPrintError)
+            return m_dialogs.message(QStringLiteral("A Print Error has occurred\n") + text, title,
+                                     buttons, icon);
+        return m_dialogs.message(text, title, buttons, icon);
+    }
+    std::optional<QString> input(const QString& prompt, const QString& title,
+                                 const QString& text) override
+    {
+        return m_dialogs.input(prompt, title, text);
+    }
+    void beep() override { m_dialogs.beep(); }
+
+private:
+    inline static const QString kPrintError = QStringLiteral("Print Error");
+    Dialogs& m_dialogs;
+};
+
 } // namespace
 
-frmWorkOrder::frmWorkOrder(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
+frmWorkOrder::frmWorkOrder(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent)
+    : QWidget(parent), c(ctx), m_printDialogs(printDialogs)
 {
     setObjectName(QStringLiteral("frmWorkOrder"));
     setWindowTitle(QStringLiteral("Create Work Order or Estimate"));
@@ -58,6 +87,9 @@ void frmWorkOrder::buildControls()
                          QStringLiteral("cmdWO_%1").arg(i));
         connect(cmdWO[i], &QPushButton::clicked, this, [this, i] { cmdWO_Click(i); });
     }
+    cmdPreview =
+        named(new QPushButton(QStringLiteral("Pre&view"), this), QStringLiteral("cmdPreview"));
+    connect(cmdPreview, &QPushButton::clicked, this, &frmWorkOrder::Preview);
     cmdWO[4]->setToolTip(QStringLiteral("Adds every item that is not on the list yet"));
     cmdWO[9]->setToolTip(QStringLiteral("Adds every service that is not on the list yet"));
     cmdWO[6]->setToolTip(QStringLiteral("Keeps this narrative to load for another job"));
@@ -177,6 +209,7 @@ void frmWorkOrder::buildLayout()
     bottom->addWidget(ckCompletion);
     bottom->addStretch(1);
     bottom->addWidget(cmdWO[1]);
+    bottom->addWidget(cmdPreview);
     bottom->addWidget(cmdWO[0]);
 
     auto* layout = new QVBoxLayout(this);
@@ -189,7 +222,8 @@ void frmWorkOrder::buildLayout()
                  cmdWO[7],         cmdWO[2],       lstServices,     cboPrices[Services],
                  cmdWO[10],        cmdWO[9],       lstServicesList, lstItems,
                  cboPrices[Items], cmdWO[5],       cmdWO[4],        lstItemsList,
-                 cmdWO[3],         ckCompletion,   cmdWO[1],        cmdWO[0]});
+                 cmdWO[3],         ckCompletion,   cmdWO[1],        cmdPreview,
+                 cmdWO[0]});
     resize(980, 700);
 }
 
@@ -302,10 +336,45 @@ void frmWorkOrder::loadTemplate()
     txtWONarrative->setPlainText(**narrative);
 }
 
-void frmWorkOrder::print()
+Status frmWorkOrder::drawDocuments(PrintSurface& surface)
 {
-    if (Status s = PrepareNarrativeForPrint(c.store, txtWONarrative->toPlainText()); !s)
-        c.dialogs.message(s.message());
+    // The narrative goes to its file at every print, or the file goes: a narrative cleared
+    // since an earlier print does not come back.
+    if (Status s = PrepareNarrativeForPrint(c.store, txtWONarrative->toPlainText()); !s) return s;
+    Result<std::optional<QStringList>> narrative = ReadPrintNarrative(c.store);
+    if (!narrative) return narrative.status();
+    WorkOrderContent content;
+    content.heading = cboHeading->currentText();
+    content.date = c.clock.today();
+    content.account = c.v.current.account;
+    content.customerLines = CustomerAddressLines(c.v).split(u'\n', Qt::SkipEmptyParts);
+    content.narrative = *narrative;
+    content.items = m_chosenItems.entries();
+    content.services = m_chosenServices.entries();
+    PrintJob job{surface, DocumentSettingsOf(c.v)};
+    PrintWorkOrder(job, content);
+    if (ckCompletion->isChecked()) {
+        PrintJob summary{surface, DocumentSettingsOf(c.v)};
+        PrintCompletionSummary(summary, content);
+    }
+    return {};
+}
+
+void frmWorkOrder::Print()
+{
+    WorkOrderPrintErrors dialogs(c.dialogs);
+    const PrintOutcome outcome =
+        PrintDocuments(m_printDialogs, dialogs, this, 1, ReadPrintOffset(c.store.baseName()),
+                       [this](PrintSurface& surface) { return drawDocuments(surface); });
+    if (outcome != PrintOutcome::Printed)
+        c.dialogs.message(QStringLiteral("The Work Order will not be Printed"));
+}
+
+void frmWorkOrder::Preview()
+{
+    WorkOrderPrintErrors dialogs(c.dialogs);
+    PreviewDocuments(m_printDialogs, dialogs, this, ReadPrintOffset(c.store.baseName()),
+                     [this](PrintSurface& surface) { return drawDocuments(surface); });
 }
 
 void frmWorkOrder::cmdWO_Click(int index)
@@ -315,7 +384,7 @@ void frmWorkOrder::cmdWO_Click(int index)
         emit showMenu();
         break;
     case 1:
-        print();
+        Print();
         break;
     case 2:
         fraAccount->hide();

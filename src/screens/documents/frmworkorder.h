@@ -20,6 +20,9 @@ class QTreeWidget;
 namespace tresvane
 {
 
+class PrintDialogs;
+class PrintSurface;
+
 // "Create Work Order or Estimate": a document for the customer in hand under one of four
 // headings, with a narrative of the job and the parts and services chosen with their
 // prices, and a completion summary report if wanted. Nothing is stored in a slip or a
@@ -28,7 +31,7 @@ class frmWorkOrder : public QWidget
 {
     Q_OBJECT
 public:
-    explicit frmWorkOrder(CoreContext& ctx, QWidget* parent = nullptr);
+    frmWorkOrder(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent = nullptr);
 
     // Coming to the front for the customer now in hand: an earlier job's narrative file
     // goes, the account is shown, the first heading chosen and the lists filled anew.
@@ -38,6 +41,11 @@ public:
     // chosen lists, 4 all items, 5 add an item, 6 save the narrative as the template,
     // 7 clear the narrative, 8 load the template, 9 all services, 10 add a service.
     void cmdWO_Click(int index);
+
+    // The work order, and the summary when it is asked for, through the print dialog, or
+    // in the preview window.
+    void Print();
+    void Preview();
 
     // What the document will list.
     const ChosenList& chosenServices() const { return m_chosenServices; }
@@ -59,9 +67,11 @@ private:
     void clearChosen();
     void saveTemplate();
     void loadTemplate();
-    void print();
+    // Draws the documents of a print: the narrative handed over through its file first.
+    Status drawDocuments(PrintSurface& surface);
 
     CoreContext& c;
+    PrintDialogs& m_printDialogs;
     std::array<QList<PriceEntry>, 2> m_offers;
     ChosenList m_chosenServices;
     ChosenList m_chosenItems;
@@ -79,6 +89,7 @@ private:
     QTreeWidget* lstItemsList;
     QCheckBox* ckCompletion;
     std::array<QPushButton*, 11> cmdWO{};
+    QPushButton* cmdPreview;
     QAction* mnuAccount;
 };
 

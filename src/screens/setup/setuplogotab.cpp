@@ -48,6 +48,13 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, PrintDialogs& printDialogs, QWidget
     lblLogoFile->setObjectName(QStringLiteral("lblLogoFile"));
     lblLogoSize = new QLabel(this);
     lblLogoSize->setObjectName(QStringLiteral("lblLogoSize"));
+    UpDown2 = new UpDown(QStringLiteral("UpDown2"), this);
+    UpDown3 = new UpDown(QStringLiteral("UpDown3"), this);
+    connect(UpDown3, &UpDown::upClicked, this, [this] { stepWidth(true); });
+    connect(UpDown3, &UpDown::downClicked, this, [this] { stepWidth(false); });
+    connect(UpDown2, &UpDown::upClicked, this, [this] { stepHeight(true); });
+    connect(UpDown2, &UpDown::downClicked, this, [this] { stepHeight(false); });
+    // Made after the steps, so the keyboard reaches them in the order they stand.
     const std::pair<int, const char*> buttons[] = {
         {0, "Find"}, {1, "&Store"}, {2, "&Clear"}, {5, "Print Sample"}};
     for (auto [index, caption] : buttons) {
@@ -57,12 +64,6 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, PrintDialogs& printDialogs, QWidget
                 [this, index = index] { cmdLogo_Click(index); });
     }
     cmdLogo[5]->setToolTip(QStringLiteral("Print \"Logo Test\" and the logo at this size"));
-    UpDown2 = new UpDown(QStringLiteral("UpDown2"), this);
-    UpDown3 = new UpDown(QStringLiteral("UpDown3"), this);
-    connect(UpDown3, &UpDown::upClicked, this, [this] { stepWidth(true); });
-    connect(UpDown3, &UpDown::downClicked, this, [this] { stepWidth(false); });
-    connect(UpDown2, &UpDown::upClicked, this, [this] { stepHeight(true); });
-    connect(UpDown2, &UpDown::downClicked, this, [this] { stepHeight(false); });
 
     auto* grid = new QGridLayout;
     grid->addWidget(new QLabel(QStringLiteral("File on Disk"), this), 0, 0);

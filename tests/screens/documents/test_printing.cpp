@@ -148,7 +148,7 @@ struct Screen {
         f.clock.set(QDateTime(QDate(2026, 5, 4), QTime(9, 0)));
         layDay(f);
         f.v.gCopies = 3;
-        f.v.Mode = mode;
+        f.v.Mode = Mode(mode);
         print.pdfFile = out.filePath("print.pdf");
         print.previewFile = out.filePath("preview.pdf");
         w = std::make_unique<frmMain>(f.ctx, desktop, print);

@@ -7,6 +7,7 @@
 #include "screens/setup/setupbusinesstab.h"
 #include "screens/setup/setupproblemstab.h"
 #include "screens/shell/screenframe.h"
+#include "scriptedprintdialogs.h"
 
 #include <QDir>
 #include <QLineEdit>
@@ -73,7 +74,8 @@ void TestSetupScreen::unchangedSetupWritesTheSameBytes()
     ProgramFolder f;
     loadInstallation(f);
     if (QTest::currentTestFailed()) return;
-    frmSetup screen(f.ctx);
+    ScriptedPrintDialogs print;
+    frmSetup screen(f.ctx, print);
     QVERIFY(openAsAtStart(screen));
     QCOMPARE(screen.business->txtBusiness[0]->text(), f.v.settings.txtBusiness[0]);
     QVERIFY(!screen.business->txtBusiness[0]->text().isEmpty());
@@ -97,7 +99,8 @@ void TestSetupScreen::badTelephoneStopsBeforeAnyFile()
     ProgramFolder f;
     loadInstallation(f);
     if (QTest::currentTestFailed()) return;
-    frmSetup screen(f.ctx);
+    ScriptedPrintDialogs print;
+    frmSetup screen(f.ctx, print);
     QVERIFY(openAsAtStart(screen));
     screen.tabSetup->setCurrentIndex(frmSetup::TabAssignments);
     QLineEdit* phone = screen.business->txtBusiness[6];
