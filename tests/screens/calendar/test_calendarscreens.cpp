@@ -3,6 +3,7 @@
 // makes of them, and the board of teams with its slip popup.
 
 #include "calendarbytes.h"
+#include "fakemodem.h"
 #include "programfolder.h"
 #include "recordingdesktop.h"
 
@@ -19,11 +20,13 @@
 #include "screens/shell/frmstartup.h"
 #include "screens/shell/screenframe.h"
 #include "screens/shell/updown.h"
+#include "screens/telephony/frmdialer.h"
 
 #include <QAction>
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -82,15 +85,22 @@ struct Installation : ProgramFolder {
         put("Phone.txt", "#FALSE#\r\n0\r\n");
         put("CallID.txt", "#TRUE#\r\n");
         put("CustomerData.txt", customer());
+        // The price list of services, in the sibling program's records: name, price, flag.
+        put("Services.txt", padded("Boiler Service", 60) + padded("$85.00", 10) +
+                                QByteArray(2, '\0') + padded("Pump Check", 60) +
+                                padded("$40.00", 10) + QByteArray(2, '\0'));
         ResetContractDefaults(ctx);
         QVERIFY(WriteContract(ctx, 1).ok());
         QVERIFY(WriteCycle(ctx, 1).ok());
     }
-    // The program started, at the menu.
-    App& start()
+    // The program started, at the menu; with a modem on port 1 when one is given.
+    App& start(FakeModem* modem = nullptr)
     {
         app = std::make_unique<App>(root(), clock, dialogs, desktop);
         app->setLockFolder(locks.path());
+        if (modem)
+            app->setModemDevices(
+                [modem](int port) { return port == 1 ? modem->devicePath() : QString(); });
         if (!app->Main()) qFatal("the program did not start");
         app->ShowMenu();
         return *app;
@@ -128,6 +138,15 @@ void clickCell(FlexGrid* grid, int row, int col)
     QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(index).center());
 }
 
+bool waitFor(const std::function<bool()>& done, int ms = 5000)
+{
+    QElapsedTimer t;
+    t.start();
+    while (!done() && t.elapsed() < ms)
+        QTest::qWait(10);
+    return done();
+}
+
 QString dayFile(const QDate& d, int team)
 {
     return QStringLiteral("%1/Team#%2/%3.txt").arg(d.year()).arg(team).arg(d.dayOfYear());
@@ -154,6 +173,7 @@ class TestCalendarScreens : public QObject
     Q_OBJECT
 private slots:
     void initTestCase() { ScreenFrame::setGeometryKept(false); }
+    void menuOpensTheThreeScreens_data();
     void menuOpensTheThreeScreens();
     void seriesForACustomerChosenOnTheCustomerScreen();
     void takenHoursGoToTheConflictGrid();
@@ -161,27 +181,58 @@ private slots:
     void rangeBooksAndTellsWhatItLeftOut();
     void blockedForAllTeamsThenRefusedOnTheSchedulingScreen();
     void reasonWithACommaNeverGetsIn();
+    void blockedDaysGridListsASiblingsDays();
     void boardPagesAndDates();
     void boardClicksAndThePopup();
+    void popupDialsWhereAModemAndATelephoneAre();
 };
+
+void TestCalendarScreens::menuOpensTheThreeScreens_data()
+{
+    QTest::addColumn<int>("entry");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("menuButton");
+    QTest::newRow("recurring events")
+        << int(MenuEntry::RecurringEvents) << "Schedule Recurring Events"
+        << "Schedule a Recurring Event" << int(Mode::RecurringEvents) << "CmdButton_3";
+    QTest::newRow("blocked days") << int(MenuEntry::VacationAndHoliday)
+                                  << "Schedule Vacation and Holiday Time"
+                                  << "Holiday and Vacation Days" << int(Mode::BlockDays)
+                                  << "cmdExit";
+    QTest::newRow("work schedules")
+        << int(MenuEntry::DisplaySchedules) << "Display Schedules"
+        << "Work Schedules" << int(Mode::DisplaySchedules) << "cmdSchedule";
+}
 
 void TestCalendarScreens::menuOpensTheThreeScreens()
 {
+    QFETCH(int, entry);
+    QFETCH(QString, caption);
+    QFETCH(QString, title);
+    QFETCH(int, mode);
+    QFETCH(QString, menuButton);
     Installation f;
     App& app = f.start();
-    for (int entry :
-         {MenuEntry::VacationAndHoliday, MenuEntry::RecurringEvents, MenuEntry::DisplaySchedules})
-        QVERIFY(child<QPushButton>(app.startup, qPrintable(QString("lblSub_%1").arg(entry)))
-                    ->isEnabled());
-    app.OpenEntry(MenuEntry::VacationAndHoliday);
-    QVERIFY(app.block->isVisible());
-    QCOMPARE(app.block->windowTitle(), QString("Holiday and Vacation Days"));
-    QCOMPARE(app.v.Mode, Mode::BlockDays);
-    click(app.block, "cmdExit");
-    QVERIFY(app.startup && app.startup->isVisible());
-    app.OpenEntry(MenuEntry::DisplaySchedules);
-    QCOMPARE(app.display->windowTitle(), QString("Work Schedules"));
-    QCOMPARE(app.v.Mode, Mode::DisplaySchedules);
+    // Twice: the way back to the menu and in again works as the first time.
+    for (int round = 0; round < 2; ++round) {
+        auto* button = child<QPushButton>(app.startup, qPrintable(QString("lblSub_%1").arg(entry)));
+        QCOMPARE(button->text(), caption);
+        QVERIFY(button->isEnabled());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QWidget* screen = entry == MenuEntry::RecurringEvents ? app.recurring.data()
+                          : entry == MenuEntry::VacationAndHoliday
+                              ? static_cast<QWidget*>(app.block)
+                              : app.display.data();
+        QVERIFY(screen && screen->isVisible());
+        QCOMPARE(screen->windowTitle(), title);
+        QCOMPARE(int(app.v.Mode), mode);
+        QVERIFY(!app.startup || !app.startup->isVisible());
+        click(screen, qPrintable(menuButton));
+        QVERIFY(!screen->isVisible());
+        QVERIFY(app.startup && app.startup->isVisible());
+    }
     VERIFY_DIALOGS(f.dialogs);
 }
 
@@ -191,6 +242,11 @@ void TestCalendarScreens::seriesForACustomerChosenOnTheCustomerScreen()
     App& app = f.start();
     frmReccuringEvents* w = seriesScreen(app, "optInvoice");
     QCOMPARE(w->windowTitle(), QString("Schedule a Recurring Event"));
+    // The titles offered are the services of the price list.
+    auto* titles = child<QComboBox>(w, "cboEventTitle");
+    QCOMPARE(titles->count(), 2);
+    QCOMPARE(titles->itemText(0), QString("Boiler Service"));
+    QCOMPARE(titles->itemText(1), QString("Pump Check"));
     // Without a customer the calendar does not open.
     f.dialogs.expect("You Must Select a Customer");
     click(w, "cmdContinue");
@@ -373,11 +429,14 @@ void TestCalendarScreens::blockedForAllTeamsThenRefusedOnTheSchedulingScreen()
     frmMain* m = app.mainForm;
     m->lstTeam->setCurrentRow(0);
     m->Calender->setSelectedDate(kFriday);
-    for (int row : {1, 6, 12}) {
+    const auto before = f.snapshot();
+    for (int row = 1; row <= 12; ++row) {
         f.dialogs.expect("Event already Scheduled Here", "Selection Error");
         clickCell(m->fgHours, row - 1, 1);
+        QCOMPARE(m->fgHours->textMatrix(row - 1, 1), QString("Holiday"));
     }
     VERIFY_DIALOGS(f.dialogs);
+    QCOMPARE(f.snapshot(), before);
     QCOMPARE(m->fgHours->textMatrix(0, 1), QString("Holiday"));
     // The month sheet shows the twelve hours in red on the 8th.
     m->mnuTeamCal_Click();
@@ -406,6 +465,38 @@ void TestCalendarScreens::reasonWithACommaNeverGetsIn()
     click(w, "optAction_1");
     QVERIFY(!reason->isEnabled());
     QCOMPARE(reason->currentText(), QString("No Event Scheduled"));
+}
+
+void TestCalendarScreens::blockedDaysGridListsASiblingsDays()
+{
+    Installation f;
+    // A sibling program's blocked days, and one of this program's, which the grid leaves out.
+    f.put("2026/DaySchedules1/128.txt", QByteArray("Vacation\r\n").repeated(12));
+    f.put("2026/DaySchedules3/131.txt", QByteArray("Sick Day\r\n").repeated(12));
+    f.put("2026/DaySchedules2/132.txt", QByteArray("Training\r\n").repeated(12));
+    f.put(dayFile(kFriday, 2), QByteArray("Holiday\r\n").repeated(12));
+    App& app = f.start();
+    app.OpenEntry(MenuEntry::VacationAndHoliday);
+    frmBlock* w = app.block;
+    auto* frame = child<QGroupBox>(w, "fraBlockedDays");
+    QVERIFY(!frame->isVisible());
+    child<QAction>(w, "mnuBlocked")->trigger();
+    QVERIFY(frame->isVisible());
+    child<QDateEdit>(w, "DTStartSearch")->setDate(QDate(2026, 5, 1));
+    child<QDateEdit>(w, "DTEndSearch")->setDate(QDate(2026, 5, 31));
+    click(w, "cmdSearch");
+    auto* grid = child<FlexGrid>(w, "FGBlocked");
+    QCOMPARE(grid->rows(), 2);
+    const QStringList first{grid->textMatrix(0, 0), grid->textMatrix(0, 1), grid->textMatrix(0, 2)};
+    QCOMPARE(first, (QStringList{"North Truck", "05/08/2026", "Vacation"}));
+    const QStringList second{grid->textMatrix(1, 0), grid->textMatrix(1, 1),
+                             grid->textMatrix(1, 2)};
+    QCOMPARE(second, (QStringList{"Install Crew", "05/11/2026", "Sick Day"}));
+    click(w, "cmdClearGrid");
+    QCOMPARE(grid->rows(), 0);
+    click(w, "cmdHideGrid");
+    QVERIFY(!frame->isVisible());
+    VERIFY_DIALOGS(f.dialogs);
 }
 
 void TestCalendarScreens::boardPagesAndDates()
@@ -504,6 +595,36 @@ void TestCalendarScreens::boardClicksAndThePopup()
     clickCell(grid, 1, 1);
     VERIFY_DIALOGS(f.dialogs);
     QVERIFY(!popup->isVisible());
+}
+
+void TestCalendarScreens::popupDialsWhereAModemAndATelephoneAre()
+{
+    FakeModem modem;
+    if (!modem.isValid()) QSKIP("no pseudo-terminal for the modem");
+    Installation f;
+    f.put("Phone.txt", "#TRUE#\r\n1\r\n");
+    const QDate tuesday(2026, 5, 5);
+    f.put(dayFile(tuesday, 1), bareDay("SA120-1 Ada Byron", 3, 1));
+    f.put("Slips.txt",
+          booking("Service", "SA120-1", "1", "1", "05/05/2026", "3", "No Heat", "A-1", "Ada Byron",
+                  "1 Elm St", "", "Dayton", "OH", "45402", "937-555-0101"));
+    App& app = f.start(&modem);
+    QVERIFY(waitFor([&] { return !app.modemSearchRunning(); }));
+    QVERIFY(app.phoneFeaturesShown());
+    app.OpenEntry(MenuEntry::DisplaySchedules);
+    frmDisplay* w = app.display;
+    child<QDateEdit>(w, "DTPicker1")->setDate(tuesday);
+    clickCell(child<FlexGrid>(w, "fgHours_1"), 2, 1);
+    frmSlip* popup = w->popup();
+    QVERIFY(popup->isVisible());
+    QVERIFY(child<QFrame>(popup, "fraDial")->isVisible());
+    QTest::mouseClick(child<QToolButton>(popup, "imgDialer"), Qt::LeftButton);
+    QVERIFY(app.dialer && app.dialer->isVisible());
+    QCOMPARE(app.dialer->lblName->text(), QString("Ada Byron"));
+    QCOMPARE(app.dialer->lblNumber->text(), QString("937-555-0101"));
+    app.dialer->reject();
+    popup->close();
+    VERIFY_DIALOGS(f.dialogs);
 }
 
 QTEST_MAIN(TestCalendarScreens)
