@@ -48,6 +48,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QDir>
 #include <QFile>
 #include <QFrame>
@@ -268,13 +269,16 @@ void grabCalendarTools(App& app, const QString& out)
     app.block->findChild<QWidget*>("fraBlockedDays")->setVisible(true);
     grab(app.block, out, QStringLiteral("blocked-days"));
 
+    // The board on the day of the first slip, so the grids show work.
     app.OpenEntry(MenuEntry::DisplaySchedules);
-    grab(app.display, out, QStringLiteral("work-schedules"));
     const SlipRecord first(app.store.ReadAll("/Slips.txt")->left(kSlipRecordLength));
     const ClickedSlot clicked{
         SlotFile::Slips, ParseShortDate(first.text(SlipField::EventDate)).value_or(QDate()),
         first.text(SlipField::TeamNo).toInt(), first.text(SlipField::StartSlot).toInt(),
         first.text(SlipField::ConfirmationNo) + u' ' + first.text(SlipField::Name)};
+    if (clicked.date >= app.ctx.clock.today())
+        app.display->findChild<QDateEdit*>("DTPicker1")->setDate(clicked.date);
+    grab(app.display, out, QStringLiteral("work-schedules"));
     if (app.display->popup()->ShowSlip(clicked, app.v.gAssignTo.value(clicked.team)))
         grab(app.display->popup(), out, QStringLiteral("slip-popup"));
     app.display->popup()->close();

@@ -50,7 +50,7 @@ frmBlock::frmBlock(CoreContext& ctx, QWidget* parent) : QMainWindow(parent), c(c
     setObjectName(QStringLiteral("frmBlock"));
     setWindowTitle(QStringLiteral("Holiday and Vacation Days"));
     buildLayout();
-    resize(900, 600);
+    resize(900, 680);
 }
 
 void frmBlock::buildLayout()
@@ -164,6 +164,10 @@ QGroupBox* frmBlock::buildBlockedDays()
         {QStringLiteral("Assignment"), QStringLiteral("Date"), QStringLiteral("Reason")});
     FGBlocked->horizontalHeader()->setStretchLastSection(true);
     FGBlocked->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    // Room for a week of blocked days before the grid scrolls.
+    FGBlocked->setMinimumHeight(FGBlocked->verticalHeader()->defaultSectionSize() * 6 +
+                                FGBlocked->horizontalHeader()->sizeHint().height() +
+                                2 * FGBlocked->frameWidth());
     auto dateBox = [this, frame](const char* name) {
         auto* box = named(new QDateEdit(frame), QString::fromLatin1(name));
         box->setCalendarPopup(true);

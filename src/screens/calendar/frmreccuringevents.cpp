@@ -125,7 +125,9 @@ void frmReccuringEvents::buildLayout()
     calendarLayout->addWidget(lstEventDates, 2, 0, 1, 2);
     calendarLayout->addWidget(CmdButton[0], 3, 0);
     calendarLayout->addWidget(CmdButton[1], 3, 1);
-    calendarLayout->setRowStretch(2, 1);
+    // A larger window gives the month's days larger boxes as well as a longer date list.
+    calendarLayout->setRowStretch(0, 3);
+    calendarLayout->setRowStretch(2, 2);
 
     // The hours.
     auto* fraTime = new QGroupBox(QStringLiteral("Start Time"), this);
