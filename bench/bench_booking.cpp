@@ -1,5 +1,6 @@
 // The waits of booking and finding a slip: a change of team or date on the Scheduling
-// Screen with every contract of a full customer file, and the record summary and search.
+// Screen (the day file, the day's slips and meetings, and every contract of a full customer
+// file), and the record summary and search.
 #include "benchharness.h"
 
 #include "core/io/customerrecords.h"
@@ -10,6 +11,7 @@
 #include "core/ports/silentdialogs.h"
 #include "core/schedule/contractoverlay.h"
 #include "core/schedule/dayfiles.h"
+#include "core/schedule/dayview.h"
 #include "core/setup/settingsfiles.h"
 #include "core/sliprecords/recordsearch.h"
 #include "core/sliprecords/recordsummary.h"
@@ -56,12 +58,13 @@ int main(int argc, char* argv[])
                  qPrintable(date.toString(Qt::ISODate)), qPrintable(teamName));
     int shown = 0;
     const double dayChange = MedianMs([&] {
-        Must(LoadDay(c, date, team));
-        Result<ContractOverlay> overlay =
-            OverlayContractEvents(c, GridFromDaySlots(v), date, teamName);
+        Result<TeamDay> day = ReadTeamDay(c, date, team);
+        Must(day.status());
+        Result<ContractOverlay> overlay = OverlayContractEvents(c, day->slotTexts, date, teamName);
         shown += overlay->messages.size();
     });
-    Report("day change", dayChange, FloorMs(folder, {"/ContractInfo.txt"}));
+    Report("day change", dayChange,
+           FloorMs(folder, {"/ContractInfo.txt", "/Slips.txt", "/Meetings.txt"}));
 
     // The record summary of every slip and meeting, built and sorted.
     qsizetype rows = 0;

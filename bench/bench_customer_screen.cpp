@@ -1,20 +1,29 @@
 // The customer screen at 32,767 accounts: bringing it up (the count, the name and city
 // lists, the first account shown), and a key typed in the name list, which completes
-// the name from the sorted list while the user types.
+// the name from the sorted list while the user types; and a step through the stored calls,
+// each caller looked up among all the accounts.
 #include "benchharness.h"
 
+#include "core/customers/customerfiles.h"
+#include "core/io/customerrecords.h"
 #include "core/io/store.h"
 #include "core/ports/clock.h"
 #include "core/ports/silentdialogs.h"
 #include "core/state/corecontext.h"
 #include "core/state/dispatchingvariables.h"
+#include "core/telephony/storedcalls.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/customers/storedcallpanel.h"
+#include "screens/shell/updown.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
+#include <QToolButton>
 #include <cstdio>
 
 using namespace tresvane;
@@ -45,7 +54,7 @@ int main(int argc, char* argv[])
     const double floor = FloorMs(folder, {"/CustomerData.txt"});
 
     frmCustomer w(ctx);
-    v.Mode = 2;
+    v.Mode = Mode::ServiceSlip;
     const double bringUp = MedianMs([&] {
         w.hide();
         w.show();
@@ -73,7 +82,38 @@ int main(int argc, char* argv[])
                           keys.size();
     Report("account type-ahead", perKey, floor);
 
+    // A step through the calls kept while the office was away: the account on show saved,
+    // the next call read, and its caller looked up by telephone in every account. On a copy
+    // of the accounts, since the step writes the account it leaves.
+    QTemporaryDir copy;
+    for (const char* name : {"/CustomerData.txt", "/ContractInfo.txt", "/CycleInfo.txt"})
+        QFile::copy(folder + QLatin1String(name), copy.path() + QLatin1String(name));
+    Store callStore(copy.path());
+    DispatchingVariables cv;
+    CoreContext callCtx{callStore, clock, dialogs, cv};
+    QByteArray calls;
+    for (qint32 n : {qint32(w.at.gLastrec), qint32(w.at.gLastrec / 2), 1}) {
+        const CustomerRecord account(
+            *callStore.ReadRecordAt(CustomerFileName(), kCustomerRecordLength, n));
+        CallRecord call;
+        call.setText(CallField::CallName, QStringLiteral("CALLER"));
+        call.setText(CallField::CallNumber, account.text(CustomerField::Phone));
+        call.setText(CallField::CallTime, QStringLiteral("08:00 am"));
+        calls += call.bytes();
+    }
+    Must(callStore.WriteFile(StoredCalls::kFile, calls));
+    frmCustomer cw(callCtx);
+    cv.Mode = Mode::ServiceSlip;
+    cw.show();
+    cw.Form_Activate();
+    cw.calls->cmdCallLater->click();
+    const double step = MedianMs([&] {
+        cw.calls->updnCalls->up->click();
+        QApplication::processEvents();
+    });
+    Report("stored call step", step, floor);
+
     std::fprintf(stderr, "%d accounts in the name list, %d cities, last text %lld characters\n",
                  w.cboAccounts->count(), w.cboCity->count(), static_cast<long long>(typed));
-    return w.cboAccounts->count() != w.at.gLastrec;
+    return w.cboAccounts->count() != w.at.gLastrec || cw.at.gLastrec != w.at.gLastrec;
 }

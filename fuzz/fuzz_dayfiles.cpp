@@ -45,8 +45,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         const GridColumn grid = GridFromDaySlots(c.v);
         for (quint8 row = 1; row <= 12; ++row)
             CheckforSlots(grid, row, quint8(1 + row % 3), c.dialogs);
-        Result<DayView> view = BuildDayView(c, day, team, grid);
-        require(view.ok() || !view.message().isEmpty(), "a day view refused without a word");
+        Result<QList<SlipRecord>> records = ReadDayRecords(c.store, day, team);
+        require(records.ok() || !records.message().isEmpty(), "a day refused without a word");
+        if (records) DayViewOf(*records, grid);
         Result<ContractOverlay> overlay = OverlayContractEvents(c, grid, day, c.v.gAssignTo[1]);
         require(overlay.ok(), "no contract overlay without a contract file");
     }

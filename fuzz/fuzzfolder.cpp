@@ -66,7 +66,6 @@ void Folder::reset()
     require(QDir().mkpath(m_root), "cannot make the program folder");
     m_store = std::make_unique<Store>(m_root);
     m_v = std::make_unique<DispatchingVariables>();
-    m_v->gToday = m_clock.today();
     m_v->gYear = QString::number(m_clock.today().year());
     m_v->gDayOfYear = qint16(m_clock.today().dayOfYear());
     BuildTimeLabels(*m_v);

@@ -1,18 +1,28 @@
 // Captures the screens to PNG files for review: the splash with its welcome
 // panel, every tab of the setup screen, the main menu, the Scheduling Screen (a booked
-// day, its month sheet, its day view and the stored slips), the customer screen, the
-// record screen, the history and the courtesy calls, each at its own size and at the size
-// of the whole screen. Runs on sample program folders in temporary directories.
+// day, its month sheet, its day view, the stored slips and the print panel with the pages
+// of the schedules), the customer screen with its stored calls, the record screen, the
+// history, the courtesy calls and the call monitor, each at its own size and at the size of
+// the whole screen. Runs on sample program folders in temporary directories.
 //
 //   dispatch_screenshots <output folder>
 #include "sampleinstallation.h"
 
 #include "app/app.h"
+#include "core/documents/printframe.h"
+#include "core/documents/workschedule.h"
+#include "core/io/itemrecords.h"
 #include "core/io/sliprecord.h"
+#include "core/io/store.h"
 #include "core/ports/clock.h"
 #include "core/ports/desktop.h"
 #include "core/ports/dialogs.h"
+#include "core/telephony/storedcalls.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/customers/storedcallpanel.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
+#include "screens/documents/printrun.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -25,14 +35,17 @@
 #include "screens/shell/frmstartup.h"
 #include "screens/shell/screenframe.h"
 #include "screens/sliprecords/frmcallrecord.h"
+#include "screens/telephony/frmcallid.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QDir>
 #include <QFile>
 #include <QFrame>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
@@ -112,15 +125,15 @@ QByteArray slip(const char* number, const char* name, const char* street, const 
 void grabScheduling(App& app, const QString& root, const QString& out)
 {
     DispatchingVariables& v = app.v;
-    v.gCurAccount = QStringLiteral("10422");
-    v.gCurName = QStringLiteral("Margaret Ellison");
-    v.gCurAddress1 = QStringLiteral("418 Walnut Avenue");
-    v.gCurAddress2 = QStringLiteral("Apt 2B");
-    v.gCurCity = QStringLiteral("Springfield");
-    v.gCurState = QStringLiteral("IL");
-    v.gCurZip = QStringLiteral("62704");
-    v.gCurPhone = QStringLiteral("(217)555-0187");
-    v.Mode = 2;
+    v.current.account = QStringLiteral("10422");
+    v.current.name = QStringLiteral("Margaret Ellison");
+    v.current.address1 = QStringLiteral("418 Walnut Avenue");
+    v.current.address2 = QStringLiteral("Apt 2B");
+    v.current.city = QStringLiteral("Springfield");
+    v.current.state = QStringLiteral("IL");
+    v.current.zip = QStringLiteral("62704");
+    v.current.phone = QStringLiteral("(217)555-0187");
+    v.Mode = Mode::ServiceSlip;
     app.ShowMainForCustomer();
     frmMain* w = app.mainForm;
     const QDate day = w->currentDate();
@@ -155,6 +168,75 @@ void grabScheduling(App& app, const QString& root, const QString& out)
                    1));
     app.OpenEntry(8);
     grab(w, out, QStringLiteral("main-stored"));
+
+    // The schedules' print panel, and the pages of both forms for that day as the preview
+    // shows them (tools/screenshots.sh renders them to PNG).
+    app.OpenEntry(MenuEntry::DailyWorkSchedules);
+    w->Calender->setSelectedDate(day);
+    if (auto* print = w->findChild<QPushButton*>(QStringLiteral("cmdPrint"))) print->click();
+    grab(w, out, QStringLiteral("main-print"));
+    for (ScheduleForm form : {ScheduleForm::Extended, ScheduleForm::WorkDay}) {
+        const QString name =
+            form == ScheduleForm::Extended ? QStringLiteral("extended") : QStringLiteral("workday");
+        Result<int> pages = PrintDocumentsToPdf(
+            out + QStringLiteral("/schedule-%1.pdf").arg(name), [&](PrintSurface& surface) {
+                PrintJob job{surface, DocumentSettingsOf(app.v)};
+                return PrintWorkSchedules(job, app.store, app.v, {day, 1, form}).status();
+            });
+        if (!pages) QTextStream(stderr) << pages.message() << '\n';
+    }
+}
+
+// The contract and work order screens for one customer, with a service catalogue and a
+// few items of the user's own to choose from.
+void grabDocuments(App& app, const QString& out)
+{
+    QList<ServiceRecord> services;
+    for (const auto& [name, price] :
+         {std::pair{"Furnace inspection and cleaning", "89.50"}, std::pair{"Boiler service", "145"},
+          std::pair{"Air conditioning tune-up", "99"}}) {
+        ServiceRecord r;
+        r.setText(ServiceField::ServiceName, QString::fromLatin1(name));
+        r.setText(ServiceField::ServicePrice, QString::fromLatin1(price));
+        services << r;
+    }
+    QList<CustomItemRecord> items;
+    for (const auto& [name, units] :
+         {std::pair{"Filter 16x25x1", 129500}, std::pair{"Thermostat, programmable", 899900},
+          std::pair{"Condensate pump", 1450000}}) {
+        CustomItemRecord r;
+        r.setText(CustomItemField::CustomName, QString::fromLatin1(name));
+        r.setCurrency(CustomItemField::CustomPrice, units);
+        items << r;
+    }
+    if (!WriteServices(app.store, ServicesFileName(), services) ||
+        !WriteCustomItems(app.store, items))
+        return;
+    DispatchingVariables& v = app.v;
+    v.current.account = QStringLiteral("10422");
+    v.current.name = QStringLiteral("Margaret Ellison");
+    v.current.address1 = QStringLiteral("418 Walnut Avenue");
+    v.current.address2 = QStringLiteral("Apt 2B");
+    v.current.city = QStringLiteral("Springfield");
+    v.current.state = QStringLiteral("IL");
+    v.current.zip = QStringLiteral("62704");
+    v.current.phone = QStringLiteral("(217)555-0187");
+    v.Mode = Mode::Contract;
+    app.ShowContractForCustomer();
+    grab(app.contract, out, QStringLiteral("contract"));
+    app.contract->findChild<QAction*>(QStringLiteral("mnuManual"))->trigger();
+    grab(app.contract, out, QStringLiteral("contract-manual"));
+    v.Mode = Mode::WorkOrder;
+    app.ShowWorkOrderForCustomer();
+    frmWorkOrder* w = app.workOrder;
+    w->findChild<QPlainTextEdit*>(QStringLiteral("txtWONarrative"))
+        ->setPlainText(QStringLiteral("Replace the condensate pump under the furnace and clear "
+                                      "the drain line.\nTest the system through two full "
+                                      "cycles and show the customer the new filter."));
+    w->findChild<QListWidget*>(QStringLiteral("lstServices"))->setCurrentRow(0);
+    w->cmdWO_Click(10);
+    w->cmdWO_Click(4);
+    grab(w, out, QStringLiteral("workorder"));
 }
 
 // The screens that want a customer file and booked slips, on a small sample installation:
@@ -188,12 +270,33 @@ bool grabWorkingScreens(const QString& out)
     customer->Command1[0]->click();
     customer->mnuAux->trigger();
     grab(customer, out, QStringLiteral("customer-aux"));
+    customer->mnuAux->trigger();
+    // Two calls kept while the office was away: the first from the account on show.
+    auto call = [](const QString& name, const QString& number, const QString& time) {
+        CallRecord record;
+        record.setText(CallField::CallName, name);
+        record.setText(CallField::CallNumber, number);
+        record.setText(CallField::CallTime, time);
+        return record.bytes();
+    };
+    const QByteArray calls =
+        call("CALLER ONE", customer->txtCustomer[CustomerBox::Phone]->text(), "08:05 am") +
+        call("A N OTHER", "999-555-0123", "07:40 pm");
+    if (app.store.WriteFile(StoredCalls::kFile, calls)) {
+        customer->calls->Form_Activate();
+        customer->calls->cmdCallLater->click();
+        grab(customer, out, QStringLiteral("customer-calls"));
+        (void)StoredCalls::DeleteAll(app.store);
+    }
     app.OpenEntry(MenuEntry::Reschedule);
     grab(app.callRecord, out, QStringLiteral("records"));
     app.OpenEntry(MenuEntry::ServiceHistory);
     grab(app.history, out, QStringLiteral("history"));
     app.OpenEntry(MenuEntry::PlaceReminderCalls);
     grab(app.callBack, out, QStringLiteral("callback"));
+    app.OpenEntry(MenuEntry::UnattendedMonitoring);
+    grab(app.callId, out, QStringLiteral("callid"));
+    grabDocuments(app, out);
     app.ExitProgram();
     return true;
 }

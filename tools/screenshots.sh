@@ -18,5 +18,9 @@ fi
 for size in 1280x800 1920x1080; do
     mkdir -p "$out/$size"
     xvfb-run -a -s "-screen 0 ${size}x24" "$build/tools/dispatch_screenshots" "$out/$size"
-    echo "$out/$size: $(ls "$out/$size" | wc -l) pictures"
+    # The printed pages as the preview shows them.
+    for pdf in "$out/$size"/*.pdf; do
+        [ -f "$pdf" ] && pdftoppm -r 60 -png "$pdf" "${pdf%.pdf}"
+    done
+    echo "$out/$size: $(ls "$out/$size"/*.png | wc -l) pictures"
 done

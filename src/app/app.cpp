@@ -1,6 +1,8 @@
 #include "app/app.h"
 
 #include "screens/customers/frmcustomer.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 
 #include "core/housekeeping/backup.h"
 #include "core/housekeeping/datafilecheck.h"
@@ -13,6 +15,7 @@
 #include "core/session/startup.h"
 #include "core/setup/settingsfiles.h"
 #include "core/setup/setupdata.h"
+#include "screens/documents/printdialogs.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -44,7 +47,8 @@ namespace tresvane
 App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
          QObject* parent)
     : QObject(parent), store(programFolder), ctx{store, clock, dialogs, v}, m_clock(clock),
-      m_dialogs(dialogs), m_desktop(desktop), m_link(std::make_unique<QtSerialLink>())
+      m_dialogs(dialogs), m_desktop(desktop), m_link(std::make_unique<QtSerialLink>()),
+      m_qtPrint(std::make_unique<QtPrintDialogs>()), m_print(m_qtPrint.get())
 {
 }
 
@@ -166,7 +170,7 @@ bool App::Main()
     // 3. Today, the hour labels and the business data.
     if (Fatal(InitStartupData(ctx))) return false;
     // 4. The setup screen, hidden, with its load sequence.
-    setup = new frmSetup(ctx);
+    setup = new frmSetup(ctx, *m_print);
     ScreenFrame::attach(setup, store.baseName(), [this] { closeBox(setup); });
     connect(setup, &frmSetup::showMenu, this, &App::ShowMenu);
     // Leaving setup searches again when there is no modem yet: the user may have named its
@@ -281,7 +285,7 @@ void App::OpenEntry(int index)
             connect(callRecord, &frmCallRecord::rescheduleChosen, this,
                     [this] { ShowMainForReschedule(v.gRescheduleSearchFor == 1); });
         }
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(callRecord.data());
         break;
     case MenuEntry::CreateServiceSlip:
@@ -295,7 +299,7 @@ void App::OpenEntry(int index)
     case MenuEntry::StoredSlips: {
         // The stored slips have no screen of their own: the Scheduling Screen lists them.
         frmMain* screen = MainForm();
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(screen);
         break;
     }
@@ -307,7 +311,7 @@ void App::OpenEntry(int index)
             connect(callBack, &frmCallBack::callCustomer, this,
                     [this](const QString& tel, const QString& name) { ShowDialer(name, tel); });
         }
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(callBack.data());
         break;
     case MenuEntry::UnattendedMonitoring:
@@ -322,14 +326,14 @@ void App::OpenEntry(int index)
             });
         }
         if (!m_link->isOpen()) m_link->setDevice(ModemDevice(v.gModemPort));
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(callId.data());
         break;
     case MenuEntry::ServiceHistory:
         MakeHistory();
         history->History = false;
         history->setWindowModality(Qt::NonModal);
-        v.Mode = qint16(index + 1);
+        v.Mode = ModeOfEntry(index);
         Bring(history.data());
         break;
     default:
@@ -348,30 +352,67 @@ void App::OpenCustomer(int index)
         connect(customer, &frmCustomer::dialRequested, this, &App::ShowDialer);
         ShowPhoneFeatures(m_phoneFeatures);
     }
-    v.Mode = qint16(index + 1);
+    v.Mode = ModeOfEntry(index);
     Bring(customer.data());
 }
 
 void App::CustomerSelected()
 {
-    // The customer is the first step; the routine goes on by Mode. Recurring events,
-    // contracts and work orders have no screen in this program yet: the user is told,
-    // and stays with the customer saved.
-    switch (v.Mode) {
-    case 2:
-    case 7:
+    // The customer is the first step; the routine goes on where AfterCustomerSelect says.
+    // Recurring events have no screen in this program yet: the user is told, and stays
+    // with the customer saved.
+    switch (AfterCustomerSelect(v.Mode)) {
+    case AfterCustomer::SchedulingScreen:
         ShowMainForCustomer();
         break;
-    default:
+    case AfterCustomer::Contract:
+        ShowContractForCustomer();
+        break;
+    case AfterCustomer::WorkOrder:
+        ShowWorkOrderForCustomer();
+        break;
+    case AfterCustomer::RecurringEvents:
         m_dialogs.message(QStringLiteral("This routine is not available yet"));
         break;
+    case AfterCustomer::Nowhere:
+        break;
     }
+}
+
+void App::ShowContractForCustomer()
+{
+    Bring(ContractForm());
+}
+
+void App::ShowWorkOrderForCustomer()
+{
+    Bring(WorkOrderForm());
+}
+
+frmContract* App::ContractForm()
+{
+    if (!contract) {
+        contract = new frmContract(ctx, m_desktop);
+        Adopt(contract);
+        connect(contract, &frmContract::showMenu, this, &App::ShowMenu);
+    }
+    return contract;
+}
+
+frmWorkOrder* App::WorkOrderForm()
+{
+    if (!workOrder) {
+        workOrder = new frmWorkOrder(ctx, *m_print);
+        Adopt(workOrder);
+        connect(workOrder, &frmWorkOrder::showMenu, this, &App::ShowMenu);
+    }
+    return workOrder;
 }
 
 frmMain* App::MainForm()
 {
     if (!mainForm) {
-        mainForm = new frmMain(ctx, m_desktop);
+        mainForm = new frmMain(ctx, m_desktop, *m_print);
         Adopt(mainForm);
         connect(mainForm, &frmMain::showMenu, this, &App::ShowMenu);
         // An hour label with a telephone behind it dials that customer, named by the hour's
@@ -397,7 +438,7 @@ void App::ShowMainForReschedule(bool meetings)
 {
     frmMain* screen = MainForm();
     screen->rescheduleMeeting = meetings;
-    v.Mode = 10;
+    v.Mode = Mode::Reschedule;
     Bring(screen);
 }
 

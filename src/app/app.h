@@ -17,12 +17,15 @@ namespace tresvane
 class AuxFolderRepair;
 class Clock;
 class Desktop;
+class PrintDialogs;
 class Dialogs;
 class frmCallRecord;
+class frmContract;
 class frmCustomer;
 class frmDialer;
 class SerialLink;
 class frmMain;
+class frmWorkOrder;
 class frmCallBack;
 class frmCallID;
 class frmHistory;
@@ -63,6 +66,10 @@ public:
     // The customer screen's choice made: the Scheduling Screen comes up in the Mode that
     // led to the customer (2 or 7), for the customer now in hand.
     void ShowMainForCustomer();
+    // The customer screen's choice made in Mode 13 and 14: the contract and the work order
+    // screens for the customer now in hand, made on first use and kept for the run.
+    void ShowContractForCustomer();
+    void ShowWorkOrderForCustomer();
     // The record screen has freed the old slip and hands its customer over for a new
     // booking (Mode 10); meetings: it was found among the meetings, not the slips.
     void ShowMainForReschedule(bool meetings = false);
@@ -85,6 +92,9 @@ public:
     bool phoneFeaturesShown() const { return m_phoneFeatures; }
     // The dialer, modal, for this name and number.
     void ShowDialer(const QString& name, const QString& number);
+    // The print dialog and preview that screens show before paper is used. The platform's
+    // own unless a test answers them; set before Main().
+    void setPrintDialogs(PrintDialogs& dialogs) { m_print = &dialogs; }
     // The single-instance lock is TresvaneDispatcher.lock in the program folder; a test
     // that compares the folder's files byte by byte keeps it in a folder of its own.
     void setLockFolder(const QString& folder) { m_lockFolder = folder; }
@@ -111,6 +121,8 @@ public:
     QPointer<frmCallID> callId;
     QPointer<frmHistory> history;
     QPointer<frmDialer> dialer;
+    QPointer<frmContract> contract;
+    QPointer<frmWorkOrder> workOrder;
     // Printing allowed by the user although the sibling planner program is present; kept
     // for the whole run while the menu comes and goes.
     bool PrintEnabled = false;
@@ -130,6 +142,8 @@ private:
     // The customer screen, first step of the slip, meeting, contract and work order routines.
     void OpenCustomer(int index);
     void CustomerSelected();
+    frmContract* ContractForm();
+    frmWorkOrder* WorkOrderForm();
     frmMain* MainForm();
 
     bool CheckPrevInstance();
@@ -157,6 +171,8 @@ private:
     QList<QPointer<QWidget>> m_working;
     QString m_lockFolder;
     std::unique_ptr<SerialLink> m_link;
+    std::unique_ptr<PrintDialogs> m_qtPrint;
+    PrintDialogs* m_print = nullptr;
     ModemProbe::DeviceForPort m_modemDevices;
     ModemProbe* m_probe = nullptr;
     qint16 m_detectedModemPort = 0;

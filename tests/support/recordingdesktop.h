@@ -18,7 +18,14 @@ public:
     }
     bool browser = true; // false: the desktop has no browser to open
     void setClipboardText(const QString& text) override { clipboard = text; }
+    bool openFile(const QString& path) override
+    {
+        openedFiles << path;
+        return fileOpener;
+    }
+    bool fileOpener = true; // false: no program is there for the file's type
     QStringList opened;
+    QStringList openedFiles;
     QString clipboard;
 };
 

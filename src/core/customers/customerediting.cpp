@@ -186,9 +186,9 @@ Result<CustomerCheck> UpdateCustomerRecord(CoreContext& c, CustomerBoxes& boxes,
 void SaveCustomer(const CustomerBoxes& b, bool usaStyle, DispatchingVariables& v)
 {
     const auto& box = b.txtCustomer;
-    v.gCurAccount = box[CustomerBox::AccountNo].trimmed();
+    v.current.account = box[CustomerBox::AccountNo].trimmed();
     if (isBusiness(v.gCustomer.text(CustomerField::AccountType))) {
-        v.gCurName = box[CustomerBox::Name];
+        v.current.name = box[CustomerBox::Name];
     } else {
         // Unlike the composed name of the screen, the initial takes no period here.
         QString name;
@@ -197,20 +197,20 @@ void SaveCustomer(const CustomerBoxes& b, bool usaStyle, DispatchingVariables& v
             if (!part.trimmed().isEmpty()) name += part.trimmed() + u' ';
         if (!box[CustomerBox::LastName].trimmed().isEmpty())
             name += box[CustomerBox::LastName].trimmed();
-        v.gCurName = name;
+        v.current.name = name;
     }
-    v.gCurAddress1 = box[CustomerBox::Address1].trimmed();
-    v.gCurAddress2 = box[CustomerBox::Address2].trimmed();
+    v.current.address1 = box[CustomerBox::Address1].trimmed();
+    v.current.address2 = box[CustomerBox::Address2].trimmed();
     // The city box stays filled, hidden, in the international style, so it is taken there too.
-    v.gCurCity = b.cboCity.trimmed();
+    v.current.city = b.cboCity.trimmed();
     if (usaStyle) {
-        v.gCurState = b.cboStates.trimmed();
-        v.gCurZip = box[CustomerBox::PostalCode].trimmed();
+        v.current.state = b.cboStates.trimmed();
+        v.current.zip = box[CustomerBox::PostalCode].trimmed();
     } else {
-        v.gCurState.clear();
-        v.gCurZip = b.txtAdd4;
+        v.current.state.clear();
+        v.current.zip = b.txtAdd4;
     }
-    v.gCurPhone = box[CustomerBox::Phone].trimmed();
+    v.current.phone = box[CustomerBox::Phone].trimmed();
 }
 
 TelephoneCheck CheckTelephone(const CustomerBoxes& b, Dialogs& dialogs)

@@ -94,7 +94,7 @@ void CopyBoxesToCustomer(const CustomerBoxes& boxes, bool usaStyle, CustomerReco
 Result<CustomerCheck> UpdateCustomerRecord(CoreContext& c, CustomerBoxes& boxes, bool usaStyle,
                                            qint32 gCurrentRec);
 
-// Publishes the account on the screen into gCurAccount ... gCurPhone. The type is taken
+// Publishes the account on the screen into current.account ... current.phone. The type is taken
 // from gCustomer, not from the label. Writes no file.
 void SaveCustomer(const CustomerBoxes& boxes, bool usaStyle, DispatchingVariables& v);
 

@@ -54,10 +54,11 @@ QDate CourtesyEnding(int button, const QDate& today, const QDate& current)
 
 Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, const QDate& to)
 {
-    if (Status s = CountSlipRecords(c, SlipsFileName()); !s) return s;
+    Result<qint32> count = CountSlipRecords(c.store, SlipsFileName());
+    if (!count) return count.status();
     Result<QByteArray> bytes = c.store.ReadAll(SlipsFileName());
     if (!bytes) return bytes.status();
-    bytes->resize(qsizetype(c.v.gRecordCount) * kSlipRecordLength, '\0');
+    bytes->resize(qsizetype(*count) * kSlipRecordLength, '\0');
 
     struct Row {
         int key;

@@ -64,8 +64,9 @@ Status PurgeMeetings(CoreContext& c)
 {
     const QString name = MeetingsFileName();
     if (!c.store.FileExists(name)) return {};
-    if (Status s = CountSlipRecords(c, name); !s) return s;
-    if (c.v.gRecordCount < 1) return {};
+    Result<qint32> count = CountSlipRecords(c.store, name);
+    if (!count) return count.status();
+    if (*count < 1) return {};
     Result<QList<SlipRecord>> records = ReadSlipRecords(c.store, name);
     if (!records) return records.status();
     const QDate today = c.clock.today();

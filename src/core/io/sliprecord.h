@@ -8,6 +8,10 @@ namespace tresvane
 // The slip record, 297 bytes of text, shared by Slips.txt, Meetings.txt,
 // UnscheduledSlips.txt, CompletedSlips.txt and ProjectRecords.txt. Numbers and dates are
 // text too (EventDate is mm/dd/yyyy); readers trim every field.
+// What the Scheduling Screen books: a Service Attention into Slips.txt or a meeting into
+// Meetings.txt.
+enum class SlipKind { ServiceAttention, Meeting };
+
 namespace SlipField
 {
 enum : int {

@@ -5,7 +5,8 @@
 namespace tresvane
 {
 
-// The desktop around the program: the system's browser and the clipboard.
+// The desktop around the program: the system's browser, the programs that open documents,
+// and the clipboard.
 class Desktop
 {
 public:
@@ -14,6 +15,14 @@ public:
     // browser could be started.
     virtual bool openUrl(const QString& url) = 0;
     virtual void setClipboardText(const QString& text) = 0;
+    // Opens a file in the program the desktop keeps for its type (a contract's .rtf in the
+    // word processor), without waiting for it. False when nothing could be started; a
+    // desktop that offers no such programs says so.
+    virtual bool openFile(const QString& path)
+    {
+        (void)path;
+        return false;
+    }
 };
 
 } // namespace tresvane

@@ -73,14 +73,14 @@ Result<QString> LoadStoredSlip(CoreContext& c, qint32 row)
                                    .arg(c.store.describe(name)));
     const SlipRecord& slip = records->at(row - 1);
     DispatchingVariables& v = c.v;
-    v.gCurAccount = slip.text(SlipField::AcctNo);
-    v.gCurName = slip.text(SlipField::Name);
-    v.gCurAddress1 = slip.text(SlipField::Street);
-    v.gCurAddress2 = slip.text(SlipField::Apt);
-    v.gCurCity = slip.text(SlipField::City);
-    v.gCurState = slip.text(SlipField::St);
-    v.gCurZip = slip.text(SlipField::Zip);
-    v.gCurPhone = slip.text(SlipField::Tel);
+    v.current.account = slip.text(SlipField::AcctNo);
+    v.current.name = slip.text(SlipField::Name);
+    v.current.address1 = slip.text(SlipField::Street);
+    v.current.address2 = slip.text(SlipField::Apt);
+    v.current.city = slip.text(SlipField::City);
+    v.current.state = slip.text(SlipField::St);
+    v.current.zip = slip.text(SlipField::Zip);
+    v.current.phone = slip.text(SlipField::Tel);
     return slip.text(SlipField::Reference);
 }
 
@@ -93,26 +93,25 @@ Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
     return true;
 }
 
-namespace
+BookingRequest NewBookingRequest(const DispatchingVariables& v)
 {
+    BookingRequest r;
+    r.kind = BookingKind(v.Mode);
+    r.team = v.CurrentTeam;
+    r.customer = v.current;
+    return r;
+}
 
-Result<BookingSaved> saveBooking(CoreContext& c, const BookingScreen& screen, Store::Group& change)
+Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
 {
+    // Everything up to a confirmation lands together, before the confirmation is shown.
+    Store::Group change(c.store);
     DispatchingVariables& v = c.v;
-    SlipScreenValues values;
-    values.currentDate = screen.calendarDate;
-    values.lblMode = screen.lblMode;
-    values.txtTime = screen.txtTime;
-    values.currentRow = screen.currentRow;
-    values.SlipNumber = screen.SlipNumber;
-    values.cboService = screen.cboService;
-    values.EventText = screen.EventText;
-
-    if (screen.ckSaveUnscheduled) {
+    if (r.unscheduled) {
         // The grid's hours are not written and the number is not taken: the next slip gets
         // the same number.
-        FillSlipRecord(v, values);
-        if (Status s = AppendSlip(c, UnscheduledSlipsFileName()); !s) return s;
+        FillSlipRecord(v.gSlip, r);
+        if (Status s = AppendSlip(c.store, UnscheduledSlipsFileName(), v.gSlip); !s) return s;
         if (Status s = change.commit(); !s) return s;
         c.dialogs.message(QStringLiteral("An Open Slip has been Created\n"
                                          "If you clicked on an hour BEFORE selecting to create\n"
@@ -120,7 +119,7 @@ Result<BookingSaved> saveBooking(CoreContext& c, const BookingScreen& screen, St
         return BookingSaved::StoredUnscheduled;
     }
 
-    if (screen.EventText == NoSlotSelected()) {
+    if (r.eventText == NoSlotSelected()) {
         c.dialogs.message(QStringLiteral("You have not selected a Time for this Event"),
                           QStringLiteral("Click on a Time"), Dialogs::Buttons::Ok,
                           Dialogs::Icon::Critical);
@@ -130,48 +129,39 @@ Result<BookingSaved> saveBooking(CoreContext& c, const BookingScreen& screen, St
 
     // A Service Attention whose number cannot be followed by another is not saved at all:
     // neither the day nor the record, so that no number is ever used twice.
-    if (v.Mode == 2)
+    if (r.kind == SlipKind::ServiceAttention)
         if (Status s = SlipNumberCanAdvance(v); !s) return s;
 
-    if (Status s = WriteDayFile(c, screen.calendarDate, v.CurrentTeam); !s) return s;
-    FillSlipRecord(v, values);
+    if (Status s = WriteDayFile(c, r.date, r.team); !s) return s;
+    FillSlipRecord(v.gSlip, r);
 
-    if (v.Mode == 2) {
+    if (r.kind == SlipKind::ServiceAttention) {
         // The day, the record and the counter land together: a number is taken exactly
         // when its record is written, so none is ever used twice.
-        if (Status s = AppendSlip(c, SlipsFileName()); !s) return s;
+        if (Status s = AppendSlip(c.store, SlipsFileName(), v.gSlip); !s) return s;
         if (Status s = AdvanceSlipNumber(c); !s) return s;
         if (Status s = SaveCounter(c); !s) return s;
         if (Status s = change.commit(); !s) return s;
-        c.dialogs.message(QStringLiteral("Service  Attention ") + screen.SlipNumber +
+        c.dialogs.message(QStringLiteral("Service  Attention ") + r.number +
                               QStringLiteral(" has been Scheduled"),
                           QStringLiteral("Confirmation"));
-        if (screen.FromStoredSlip == -1) {
-            Result<bool> removed = DeleteSelectedStoredSlip(c, screen.storedSlipRow);
+        if (r.fromStoredSlip) {
+            Result<bool> removed = DeleteSelectedStoredSlip(c, r.storedSlipRow);
             if (!removed) return removed.status();
+            // The removal joined this change; it lands on its own, after the confirmation.
+            if (Status s = change.commit(); !s) return s;
         }
         return BookingSaved::Scheduled;
     }
-    if (v.Mode == 7) {
-        if (Status s = AppendSlip(c, MeetingsFileName()); !s) return s;
+    if (r.kind == SlipKind::Meeting) {
+        if (Status s = AppendSlip(c.store, MeetingsFileName(), v.gSlip); !s) return s;
         if (Status s = change.commit(); !s) return s;
         c.dialogs.message(QStringLiteral("Customer Meeting has been Scheduled"),
                           QStringLiteral("Confirmation"));
         return BookingSaved::MeetingScheduled;
     }
-    return BookingSaved::DayWritten;
-}
-
-} // namespace
-
-Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen)
-{
-    // Everything up to a confirmation lands together, before the confirmation is shown.
-    Store::Group change(c.store);
-    Result<BookingSaved> saved = saveBooking(c, screen, change);
-    if (!saved) return saved;
     if (Status s = change.commit(); !s) return s;
-    return saved;
+    return BookingSaved::DayWritten;
 }
 
 } // namespace tresvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/io/result.h"
+#include "core/schedule/slipfiles.h"
 #include "core/state/corecontext.h"
 
 #include <QDate>
@@ -38,18 +39,6 @@ QDate OpeningBookingDate(CoreContext& c);
 Result<QDate> CalenderChange(CoreContext& c, QDate picked);
 
 // What cmdSave reads from the Scheduling Screen. The team is CurrentTeam.
-struct BookingScreen {
-    bool ckSaveUnscheduled = false; // store the slip without a time
-    QDate calendarDate;             // the calendar's date
-    QString EventText;              // NoSlotSelected() until an hour was clicked
-    QString lblMode = QStringLiteral("Hours");
-    QString txtTime = QStringLiteral("1");
-    int currentRow = 1;        // the grid row of the last click
-    QString SlipNumber;        // the confirmation number shown
-    QString cboService;        // the problem text
-    qint16 FromStoredSlip = 0; // -1: the slip came from UnscheduledSlips.txt
-    qint32 storedSlipRow = 0;  // its row in the stored-slip list (record number)
-};
 
 // How a save ended. The screen goes back to the menu in every case but NoTimeSelected.
 enum class BookingSaved {
@@ -57,7 +46,7 @@ enum class BookingSaved {
     NoTimeSelected,    // told the user; nothing written, the screen stays
     Scheduled,         // a Service Attention in Slips.txt; the number advanced
     MeetingScheduled,  // a meeting in Meetings.txt; the number unchanged
-    DayWritten,        // any other mode: the day and gSlip only
+    DayWritten,        // no kind to book: the day and gSlip only
 };
 
 // cmdSave. The day file, the record and the advanced counter land together as one change,
@@ -67,7 +56,11 @@ enum class BookingSaved {
 // A Service Attention whose number could not be stepped past is refused before anything is
 // written.
 // A failure of a file stops the sequence where it is and is returned for the screen to show.
-Result<BookingSaved> SaveBooking(CoreContext& c, const BookingScreen& screen);
+Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& request);
+
+// A request with what the shared state knows: the routine's kind, the team on the screen
+// and the customer in hand. The screen adds the date, the hours and the rest.
+BookingRequest NewBookingRequest(const DispatchingVariables& v);
 
 // Puts the stored slip of the list's row (its record number in UnscheduledSlips.txt) in
 // hand for booking: the current-customer fields take the slip's own account, name and

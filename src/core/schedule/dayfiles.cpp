@@ -108,7 +108,14 @@ Status WriteDayFile(CoreContext& c, const QDate& date, const QString& team)
 
 Status WriteBareDayFile(Store& store, const QString& dayFile, const std::array<QString, 12>& lines)
 {
-    return store.WriteFile(dayFile, WritePlainLines(QStringList(lines.begin(), lines.end())));
+    QByteArray bytes;
+    for (const QString& line : lines) {
+        if (line.contains(u',') || line.contains(u'"'))
+            bytes += TextWriter().line(line).bytes();
+        else
+            bytes += WritePlainLines({line});
+    }
+    return store.WriteFile(dayFile, bytes);
 }
 
 void WriteSlots(DispatchingVariables& v, const GridColumn& grid)

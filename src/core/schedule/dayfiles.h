@@ -54,7 +54,9 @@ Status ReadDayToSlots(CoreContext& c);
 // DaySlots too: contract events live on the grid only.
 Status WriteDayFile(CoreContext& c, const QDate& date, const QString& team);
 
-// Writes twelve lines as they stand, unquoted, replacing the file at dayFile.
+// Writes twelve lines as they stand, unquoted, replacing the file at dayFile; a text that
+// holds a comma or a double quote is written in quotes instead, since a bare comma would
+// split the line into two slots on reading and push every later slot one place on.
 Status WriteBareDayFile(Store& store, const QString& dayFile, const std::array<QString, 12>& lines);
 
 // Brings DaySlots[1..12] up to date from the grid: each slot takes its row's text,

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/io/result.h"
+#include "core/io/sliprecord.h"
 #include "core/schedule/dayfiles.h"
 #include "core/state/corecontext.h"
 
 #include <QDate>
+#include <QList>
 #include <QString>
 #include <array>
 
@@ -33,12 +35,28 @@ struct DayView {
 // The text of a free hour in the view: nine blanks, "No Event Scheduled", two line ends.
 QString DayViewFreeText();
 
-// The view of the team's day at calendarDate. A record belongs to it when its date has
-// the same day of the year and the same last two characters (the year's last digits) and
-// its trimmed team number is the team. A record takes its StartSlot and the hours after
+// A team's day as one value: the twelve slot texts and the whole records of the slips and
+// meetings on that day. Read once when the team or the date changes; the grid, the day
+// view and the printed schedules read from it instead of the files or the grid's cells.
+struct TeamDay {
+    QString team; // the team's number
+    QDate date;
+    GridColumn slotTexts;      // the day file's twelve lines, as LoadDay left them
+    QList<SlipRecord> records; // of Slips.txt, then Meetings.txt, each in file order
+};
+
+// Loads the day file (made when missing, as LoadDay does) and the day's records.
+Result<TeamDay> ReadTeamDay(CoreContext& c, const QDate& date, const QString& team);
+
+// The records of the team's day at `date`. A record belongs to it when its date has the
+// same day of the year and the same last two characters (the year's last digits) and its
+// trimmed team number is the team. One read of each file; only the day's records are
+// decoded.
+Result<QList<SlipRecord>> ReadDayRecords(Store& store, const QDate& date, const QString& team);
+
+// The view of a day from its records. A record takes its StartSlot and the hours after
 // it: Hours, or 8 when its unit is "Days". Hours that would run past slot 12, or a start
 // outside 1 to 12, which only a foreign file can hold, are left off the view.
-Result<DayView> BuildDayView(CoreContext& c, const QDate& calendarDate, const QString& team,
-                             const GridColumn& grid);
+DayView DayViewOf(const QList<SlipRecord>& records, const GridColumn& grid);
 
 } // namespace tresvane

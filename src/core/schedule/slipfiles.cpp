@@ -20,64 +20,58 @@ QString UnscheduledSlipsFileName()
     return QStringLiteral("/UnscheduledSlips.txt");
 }
 
-Status CountSlipRecords(CoreContext& c, const QString& name)
+Result<qint32> CountSlipRecords(Store& store, const QString& name)
 {
     // A file lost from the folder comes back from Backup before it is counted: appending to
     // a new empty file instead would leave the old records only in Backup, and the next
     // exit's backup would overwrite them there.
-    if (!c.store.FileExists(name)) {
-        if (Status s = c.store.WriteFile(name, QByteArray()); !s) return s;
+    if (!store.FileExists(name)) {
+        if (Status s = store.WriteFile(name, QByteArray()); !s) return s;
     }
-    const qint64 count = Store::roundedRecords(c.store.FileSize(name), kSlipRecordLength);
+    const qint64 count = Store::roundedRecords(store.FileSize(name), kSlipRecordLength);
     if (count >= 0x7fffffff)
         return Status::failure(
-            QStringLiteral("%1 is too large to be a slip file.").arg(c.store.describe(name)));
-    c.v.gRecordCount = qint32(count);
-    c.v.gNextRecord = c.v.gRecordCount + 1;
-    return {};
+            QStringLiteral("%1 is too large to be a slip file.").arg(store.describe(name)));
+    return qint32(count);
 }
 
-Status CountRecords(CoreContext& c, const QString& name)
+Status AppendSlip(Store& store, const QString& name, const SlipRecord& slip)
 {
-    return CountSlipRecords(c, name);
-}
-
-Status AppendSlip(CoreContext& c, const QString& name)
-{
-    if (Status s = CountRecords(c, name); !s) return s;
+    Result<qint32> count = CountSlipRecords(store, name);
+    if (!count) return count.status();
     // Written at count + 1: after a partial last record of less than half a record, the
     // new record overwrites that fragment rather than landing after it.
-    return c.store.WriteRecordAt(name, kSlipRecordLength, c.v.gNextRecord, c.v.gSlip.bytes());
+    return store.WriteRecordAt(name, kSlipRecordLength, *count + 1, slip.bytes());
 }
 
-void FillSlipRecord(DispatchingVariables& v, const SlipScreenValues& screen)
+void FillSlipRecord(SlipRecord& slip, const BookingRequest& r)
 {
-    SlipRecord& slip = v.gSlip;
-    slip.setText(SlipField::AcctNo, v.gCurAccount);
-    slip.setText(SlipField::Name, v.gCurName);
-    slip.setText(SlipField::Street, v.gCurAddress1);
-    slip.setText(SlipField::City, v.gCurCity);
-    slip.setText(SlipField::St, v.gCurState);
-    slip.setText(SlipField::Tel, v.gCurPhone);
-    slip.setText(SlipField::Zip, v.gCurZip);
-    slip.setText(SlipField::Apt, v.gCurAddress2);
-    slip.setText(SlipField::EventDate, FormatShortDate(screen.currentDate));
-    slip.setText(SlipField::TimeUnit, screen.lblMode);
-    slip.setText(SlipField::Hours, screen.txtTime);
-    slip.setText(SlipField::TeamNo, v.CurrentTeam);
+    const CurrentCustomer& who = r.customer;
+    slip.setText(SlipField::AcctNo, who.account);
+    slip.setText(SlipField::Name, who.name);
+    slip.setText(SlipField::Street, who.address1);
+    slip.setText(SlipField::City, who.city);
+    slip.setText(SlipField::St, who.state);
+    slip.setText(SlipField::Tel, who.phone);
+    slip.setText(SlipField::Zip, who.zip);
+    slip.setText(SlipField::Apt, who.address2);
+    slip.setText(SlipField::EventDate, FormatShortDate(r.date));
+    slip.setText(SlipField::TimeUnit, r.unit);
+    slip.setText(SlipField::Hours, r.hours);
+    slip.setText(SlipField::TeamNo, r.team);
     slip.setText(SlipField::Amount, FormatCurrency(0));
     slip.setText(SlipField::PaymentForm, QString());
     slip.setText(SlipField::Reserved20, QString());
     slip.setText(SlipField::Reference, QString());
     slip.setText(SlipField::Status, QStringLiteral("Scheduled"));
-    slip.setText(SlipField::StartSlot, QString::number(screen.currentRow));
-    if (v.Mode == 2) {
-        slip.setText(SlipField::ConfirmationNo, screen.SlipNumber);
-        slip.setText(SlipField::Reference, screen.cboService);
+    slip.setText(SlipField::StartSlot, QString::number(r.firstSlot));
+    if (r.kind == SlipKind::ServiceAttention) {
+        slip.setText(SlipField::ConfirmationNo, r.number);
+        slip.setText(SlipField::Reference, r.problem);
         slip.setText(SlipField::RecType, QStringLiteral("Service"));
-    } else if (v.Mode == 7) {
+    } else if (r.kind == SlipKind::Meeting) {
         slip.setText(SlipField::ConfirmationNo, QString());
-        slip.setText(SlipField::Reference, screen.EventText.left(30));
+        slip.setText(SlipField::Reference, r.eventText.left(30));
         slip.setText(SlipField::RecType, QStringLiteral("Meeting"));
     }
 }

@@ -3,11 +3,13 @@
 #include "core/io/result.h"
 #include "core/io/sliprecord.h"
 #include "core/state/corecontext.h"
+#include "core/state/dispatchingvariables.h"
 
 #include <QDate>
 #include <QList>
 #include <QString>
 #include <functional>
+#include <optional>
 
 namespace tresvane
 {
@@ -19,33 +21,37 @@ struct DispatchingVariables;
 // CompletedSlips.txt and ProjectRecords.txt. Records are numbered from 1; a file is never
 // changed in place to drop a record, it is rewritten through TemporaryFile.txt.
 
-// Counts the records of a slip file: gRecordCount := the length over 297, rounded (a
-// partial last record counts when it is at least half a record), gNextRecord := count + 1.
-// A missing file is created empty, as opening it for record access always did, and counts 0.
-Status CountSlipRecords(CoreContext& c, const QString& name);
-// The same count under the name the booking code has always used for it.
-Status CountRecords(CoreContext& c, const QString& name);
+// Counts the records of a slip file: the length over 297, rounded (a partial last record
+// counts when it is at least half a record). A missing file is created empty, as opening
+// it for record access always did, and counts 0.
+Result<qint32> CountSlipRecords(Store& store, const QString& name);
 
-// Writes gSlip at record gNextRecord of the file (after counting), creating the file when
-// it is missing. The record is flushed to disk before this returns.
-Status AppendSlip(CoreContext& c, const QString& name);
+// Writes the slip as the record after the last one counted, creating the file when it is
+// missing. The record is flushed to disk before this returns.
+Status AppendSlip(Store& store, const QString& name, const SlipRecord& slip);
 
-// What FillSlipRecord needs of the Scheduling Screen's controls.
-struct SlipScreenValues {
-    QDate currentDate;  // the shared current date (the screen's calendar)
-    QString lblMode;    // unit caption of the hours box, "Hours"
-    QString txtTime;    // hours needed, as typed
-    int currentRow = 0; // the grid row of the last click: the starting slot
-    QString SlipNumber; // the confirmation number on the screen
-    QString cboService; // the problem text
-    QString EventText;  // the slot text of the event
+// One booking as the Scheduling Screen asks for it: the day file and the slip record are
+// both written from this value.
+struct BookingRequest {
+    std::optional<SlipKind> kind;           // what the routine books; none writes the day only
+    QString team;                           // the team's number
+    QDate date;                             // the calendar's date
+    int firstSlot = 1;                      // the grid row of the last click: the starting slot
+    QString hours = QStringLiteral("1");    // hours needed, as typed
+    QString unit = QStringLiteral("Hours"); // unit caption of the hours box
+    QString problem;                        // the problem text
+    QString number;                         // the confirmation number shown
+    QString eventText;                      // the slot text of the event; NoSlotSelected() if none
+    CurrentCustomer customer;               // the customer in hand
+    bool unscheduled = false;               // store the slip without a time
+    bool fromStoredSlip = false;            // the slip came from UnscheduledSlips.txt
+    qint32 storedSlipRow = 0;               // its row in the stored-slip list (record number)
 };
 
-// Fills gSlip for a booking from the current customer, team and screen. In Mode 2 the
-// record is a Service Attention with the slip number and the problem text; in Mode 7 a
-// meeting whose Reference is the slot text cut to 30. In any other mode RecType and
-// ConfirmationNo keep what the buffer held before.
-void FillSlipRecord(DispatchingVariables& v, const SlipScreenValues& screen);
+// Fills a slip record for a booking. A Service Attention gets the slip number and the
+// problem text; a meeting the slot text cut to 30 as its Reference. With no kind, RecType
+// and ConfirmationNo keep what the record held before.
+void FillSlipRecord(SlipRecord& slip, const BookingRequest& request);
 
 // Every record of a slip file, in order (empty when the file does not exist). A partial
 // last record that the rounding counts is filled with zero bytes.

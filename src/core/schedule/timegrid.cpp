@@ -13,25 +13,26 @@ QString GridLabel(const DispatchingVariables& v, int slot)
     return v.TimeLabels[slot] + (slot <= 6 ? QStringLiteral("am") : QStringLiteral("pm"));
 }
 
-QString BookingEventText(const DispatchingVariables& v, const QString& slipNumber, int row)
+QString BookingEventText(const DispatchingVariables& v, std::optional<SlipKind> kind,
+                         const QString& slipNumber, int row)
 {
-    if (v.Mode == 2) return slipNumber + u' ' + v.gCurName;
-    if (v.Mode == 7)
+    if (kind == SlipKind::ServiceAttention) return slipNumber + u' ' + v.current.name;
+    if (kind == SlipKind::Meeting)
         return QStringLiteral("Mtg - ") + v.TimeLabels[qBound(1, row, 12)] + QStringLiteral(" - ") +
-               v.gCurName;
+               v.current.name;
     return {};
 }
 
-GridClick ClickTimeGrid(CoreContext& c, GridColumn& grid, int row, int hours,
-                        const QString& slipNumber, QString& EventText)
+GridClick ClickTimeGrid(CoreContext& c, std::optional<SlipKind> kind, GridColumn& grid, int row,
+                        int hours, const QString& slipNumber, QString& EventText)
 {
     if ((hours - 1) + row > 12) {
         c.dialogs.message(QStringLiteral("Hours Requested exceed Hours Remaining this Date"),
                           QStringLiteral("Selection Error"));
         return GridClick::PastDayEnd;
     }
-    if (c.v.Mode != 2 && c.v.Mode != 7) return GridClick::NotBooking;
-    EventText = BookingEventText(c.v, slipNumber, row);
+    if (!kind) return GridClick::NotBooking;
+    EventText = BookingEventText(c.v, kind, slipNumber, row);
     for (const QString& slot : grid) {
         if (slot == EventText) {
             c.dialogs.beep();

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "core/io/sliprecord.h"
+
 #include "core/schedule/dayfiles.h"
 #include "core/state/corecontext.h"
 
 #include <QString>
+#include <optional>
 
 namespace tresvane
 {
@@ -18,14 +21,15 @@ struct DispatchingVariables;
 // slots 1 to 6 and "pm" on 7 to 12 ("06:00am" ... "11:00am", "01:00pm" ... "06:00pm").
 QString GridLabel(const DispatchingVariables& v, int slot);
 
-// The text the event takes on the grid when row `row` is clicked. In Mode 2 the slip
-// number, a blank and the customer's name; in Mode 7 "Mtg - ", the row's short label,
-// " - " and the name, so a meeting's text depends on the row. Empty in any other mode.
-QString BookingEventText(const DispatchingVariables& v, const QString& slipNumber, int row);
+// The text the event takes on the grid when row `row` is clicked. For a Service Attention
+// the slip number, a blank and the customer's name; for a meeting "Mtg - ", the row's short
+// label, " - " and the name, so a meeting's text depends on the row. Empty with no kind.
+QString BookingEventText(const DispatchingVariables& v, std::optional<SlipKind> kind,
+                         const QString& slipNumber, int row);
 
 enum class GridClick {
     PastDayEnd,    // the hours run past slot 12; told to the user
-    NotBooking,    // a mode that books nothing; nothing said
+    NotBooking,    // a routine that books nothing; nothing said
     AlreadyPlaced, // the same text already stands on the grid; a beep
     SlotTaken,     // CheckforSlots refused; told to the user
     Placed,        // the event stands on its rows and DaySlots follows the grid
@@ -36,8 +40,8 @@ enum class GridClick {
 // then the text on rows row to row + hours - 1 and WriteSlots. EventText takes the new text
 // from the second rule on, even when a later rule stops the placement: the save then
 // counts a time as chosen.
-GridClick ClickTimeGrid(CoreContext& c, GridColumn& grid, int row, int hours,
-                        const QString& slipNumber, QString& EventText);
+GridClick ClickTimeGrid(CoreContext& c, std::optional<SlipKind> kind, GridColumn& grid, int row,
+                        int hours, const QString& slipNumber, QString& EventText);
 
 // Takes the event off the grid: every row that holds exactly EventText becomes free, and
 // EventText goes back to "No Slot Selected". Of a meeting placed twice only the text of

@@ -58,8 +58,6 @@ MenuState MenuActivation(CoreContext& c, bool printAllowed)
         qint32 count = 0;
         if (c.store.FileExists(name))
             count = c.store.RecordCount32(name, kSlipRecordLength).valueOr(0);
-        c.v.gRecordCount = count;
-        c.v.gNextRecord = count + 1;
         if (count > 0) {
             m.enabled[MenuEntry::Reschedule] = true;
             break;

@@ -50,8 +50,7 @@ struct MenuState {
 };
 
 // The activation rules after the sibling question has been settled (printEnabled true:
-// printing allowed, or no sibling). Counts the slip files as CountSlipRecords does, so
-// gRecordCount and gNextRecord hold the count of the last file looked at.
+// printing allowed, or no sibling).
 MenuState MenuActivation(CoreContext& c, bool printAllowed);
 
 } // namespace tresvane

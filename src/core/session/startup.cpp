@@ -1,6 +1,7 @@
 #include "core/session/startup.h"
 
 #include "core/customers/auxdata.h"
+#include "core/documents/contract.h"
 #include "core/io/customerrecords.h"
 #include "core/io/store.h"
 #include "core/io/textfile.h"
@@ -195,12 +196,13 @@ Status BuildExtraFolders(CoreContext& c)
     if (Status s = c.store.EnsureFolder(QStringLiteral("/Backup/") + c.store.baseName()); !s)
         return s;
     if (Status s = c.store.EnsureFolder(QStringLiteral("/Templates")); !s) return s;
-    return c.store.EnsureFolder(QStringLiteral("/Templates/Contracts"));
+    if (Status s = c.store.EnsureFolder(ContractsFolder()); !s) return s;
+    // A folder without a contract template gets the program's own; the user's is kept.
+    return InstallGenericContract(c.store);
 }
 
 Status InitStartupData(CoreContext& c)
 {
-    c.v.gToday = c.clock.today();
     BuildTimeLabels(c.v);
     return LoadBusiness(c);
 }

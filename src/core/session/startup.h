@@ -54,7 +54,8 @@ private:
 };
 // The whole repair at once.
 Status BuildAuxFolders(CoreContext& c);
-// Backup/<executable base name> and Templates/Contracts.
+// Backup/<executable base name> and Templates/Contracts, with the contract template laid
+// into it when none is there.
 Status BuildExtraFolders(CoreContext& c);
 
 // Today's date and the hour labels, then the business data.

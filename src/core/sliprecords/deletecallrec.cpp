@@ -67,10 +67,11 @@ Status deleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
     if (Status s = c.store.KillIfPresent(QStringLiteral("/Backup") + kTemporary); !s) return s;
     if (Status s = c.store.KillIfPresent(kTemporary); !s) return s;
 
-    if (Status s = CountSlipRecords(c, name); !s) return s;
+    Result<qint32> counted = CountSlipRecords(c.store, name);
+    if (!counted) return counted.status();
     Result<QByteArray> bytes = c.store.ReadAll(name);
     if (!bytes) return bytes.status();
-    const qsizetype count = v.gRecordCount;
+    const qsizetype count = *counted;
     bytes->resize(count * kSlipRecordLength, '\0');
 
     const QString type = v.gSlip.text(SlipField::RecType);

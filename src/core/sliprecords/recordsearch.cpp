@@ -40,12 +40,13 @@ Result<bool> ReadCallSlip(CoreContext& c, qint16 searchFile, SearchBy by, const 
 {
     const QString name = SearchFileName(searchFile);
     if (name.isEmpty()) return noSearchFile(searchFile);
-    if (Status s = CountSlipRecords(c, name); !s) return s;
+    Result<qint32> counted = CountSlipRecords(c.store, name);
+    if (!counted) return counted.status();
     Result<QByteArray> bytes = c.store.ReadAll(name);
     if (!bytes) return bytes.status();
     const std::optional<QByteArray> confirmation = storable(txtConfNo);
     const std::optional<QByteArray> account = storable(txtTelNo.trimmed());
-    const qsizetype count = c.v.gRecordCount;
+    const qsizetype count = *counted;
     qsizetype found = 0;
     ForEachRecord(SlipLayout(), *bytes, [&](qsizetype n, const RecordView& r) {
         if (found || n > count) return;
@@ -70,8 +71,9 @@ Result<SequentialRead> ReadSequentually(CoreContext& c, qint16 searchFile, qint1
 {
     const QString name = SearchFileName(searchFile);
     if (name.isEmpty()) return noSearchFile(searchFile);
-    if (Status s = CountSlipRecords(c, name); !s) return s;
-    const qint32 count = c.v.gRecordCount;
+    Result<qint32> counted = CountSlipRecords(c.store, name);
+    if (!counted) return counted.status();
+    const qint32 count = *counted;
     if (RecPointer < 1 || RecPointer > count) return SequentialRead::PastEnd;
     Result<QByteArray> record = c.store.ReadRecordAt(name, kSlipRecordLength, RecPointer);
     if (!record) return record.status();
@@ -104,14 +106,14 @@ RecordDetail LoadRecData(CoreContext& c, bool CompletionInstalled)
     d.txtTel = take(SlipField::Tel);
     d.txtAcctNo = take(SlipField::AcctNo);
 
-    v.gCurAccount = d.txtAcctNo;
-    v.gCurName = d.txtName;
-    v.gCurAddress1 = d.txtStreet;
-    v.gCurAddress2 = d.txtApt;
-    v.gCurCity = d.txtCity;
-    v.gCurState = d.txtSt;
-    v.gCurZip = d.txtZip;
-    v.gCurPhone = d.txtTel;
+    v.current.account = d.txtAcctNo;
+    v.current.name = d.txtName;
+    v.current.address1 = d.txtStreet;
+    v.current.address2 = d.txtApt;
+    v.current.city = d.txtCity;
+    v.current.state = d.txtSt;
+    v.current.zip = d.txtZip;
+    v.current.phone = d.txtTel;
 
     const QString hours = take(SlipField::Hours);
     d.txtDuration = hours + u' ' + take(SlipField::TimeUnit);

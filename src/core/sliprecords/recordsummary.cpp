@@ -57,10 +57,11 @@ int currentYear(const CoreContext& c)
 // is filled with zero bytes, as reading it always gave.
 Result<QByteArray> countedRecords(CoreContext& c, const QString& name)
 {
-    if (Status s = CountSlipRecords(c, name); !s) return s;
+    Result<qint32> count = CountSlipRecords(c.store, name);
+    if (!count) return count.status();
     Result<QByteArray> bytes = c.store.ReadAll(name);
     if (!bytes) return bytes;
-    const qsizetype wanted = qsizetype(c.v.gRecordCount) * kSlipRecordLength;
+    const qsizetype wanted = qsizetype(*count) * kSlipRecordLength;
     if (bytes->size() != wanted) bytes->resize(wanted, '\0');
     return bytes;
 }
@@ -74,9 +75,10 @@ Result<RecordSummary> BuildRecordSummary(CoreContext& c)
         const QString name = i == 1 ? MeetingsFileName() : SlipsFileName();
         Result<QByteArray> bytes = countedRecords(c, name);
         if (!bytes) return bytes.status();
-        (i == 1 ? summary.meetingCount : summary.slipCount) = c.v.gRecordCount;
+        const qint32 count = qint32(bytes->size() / kSlipRecordLength);
+        (i == 1 ? summary.meetingCount : summary.slipCount) = count;
         const QString kind = i == 0 ? QStringLiteral("Sevice Attn") : QString();
-        summary.rows.reserve(summary.rows.size() + c.v.gRecordCount);
+        summary.rows.reserve(summary.rows.size() + count);
         ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
             SummaryRow row;
             const QByteArrayView date = r.trimmedBytes(SlipField::EventDate);

@@ -4,6 +4,7 @@
 #include "core/io/customerrecords.h"
 #include "core/io/itemrecords.h"
 #include "core/io/sliprecord.h"
+#include "core/state/mode.h"
 
 #include <QDate>
 #include <QString>
@@ -58,11 +59,16 @@ struct SetupSettings {
     QString cmdAddress = QStringLiteral("USA Style Address");
 };
 
+// The customer in hand: the routine after the customer screen books, prints or fills in
+// for this customer.
+struct CurrentCustomer {
+    QString account, name, address1, address2, state, city, zip, phone;
+};
+
 // The shared variables of the program under their own names. The App owns one; every
 // screen gets it by reference; a test makes its own.
 struct DispatchingVariables {
     // Dates and calendar
-    QDate gToday;          // the date at start; does not follow midnight
     QString gYear;         // four digits of the current year
     qint16 gDayOfYear = 0; // today's day of the year; the booking calendar overwrites it
     QString CurrentJulian; // day of the year of the day file last addressed
@@ -104,21 +110,12 @@ struct DispatchingVariables {
     ContractRecord gContract;
     CycleRecord gCycle;
     SlipRecord gSlip;
-    CallRecord gCall;
-    InvoiceItemRecord gInvoiceItem;         // one record of InvoiceItems.txt
-    ServiceRecord gService;                 // Services.txt, CurrentServices.txt
-    CustomItemRecord gCustomItem;           // CustomItems.txt
-    InventoriedItemRecord gInventoriedItem; // TVInventoriedItems.txt, CurrentItems.txt
 
-    // The customer in hand, set only by SaveCustomer
-    QString gCurAccount, gCurName, gCurAddress1, gCurAddress2, gCurState, gCurCity, gCurZip,
-        gCurPhone;
+    // The customer in hand, set by SaveCustomer (and by a stored slip or a record taken up)
+    CurrentCustomer current;
 
     // Run-time values
-    qint32 gRecordCount = 0;
-    qint32 gNextRecord = 1;
-    qint16 gIndex = 0;
-    qint16 Mode = 0;
+    tresvane::Mode Mode = tresvane::Mode::None;
     // Which option of files the record screen had selected when it handed a slip over for
     // rescheduling: 0 Service Attentions (a new slip), 1 meetings (a new meeting), -1
     // neither. The Scheduling Screen reads it when it comes up in Mode 10.

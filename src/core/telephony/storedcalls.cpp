@@ -45,6 +45,47 @@ QString TimeText(const QTime& time)
     return time.toString(QStringLiteral("hh:mm ap"));
 }
 
+Result<qint32> Count(Store& store)
+{
+    return store.RecordCount32(kFile, kCallRecordLength);
+}
+
+Result<CallRecord> Read(Store& store, qint32 callNo)
+{
+    const Result<QByteArray> bytes = store.ReadRecordAt(kFile, kCallRecordLength, callNo);
+    if (!bytes) return Result<CallRecord>(bytes.status());
+    return CallRecord(*bytes);
+}
+
+Status DeleteOne(Store& store, qint32 callNo)
+{
+    const Result<qint32> count = Count(store);
+    if (!count) return count.status();
+    Result<QByteArray> bytes = store.ReadAll(kFile);
+    if (!bytes) return bytes.status();
+    // A torn last call is kept as the count has it, filled out to a whole record.
+    QByteArray& calls = *bytes;
+    calls.resize(qsizetype(*count) * kCallRecordLength, '\0');
+    if (callNo >= 1 && callNo <= *count)
+        calls.remove(qsizetype(callNo - 1) * kCallRecordLength, kCallRecordLength);
+    if (calls.isEmpty()) return DeleteAll(store);
+    return store.RewriteThroughTemporary(kFile, calls, Store::BackupCopy::Remove);
+}
+
+qint32 StepTo(Step step, qint32 onShow, qint32 count)
+{
+    switch (step) {
+    case Step::Startup:
+        // A call deleted from the end leaves the place past the new last: back to the first.
+        return onShow < 1 || onShow > count ? 1 : onShow;
+    case Step::Up:
+        return onShow < count ? onShow + 1 : 1;
+    case Step::Down:
+        return onShow >= 2 ? onShow - 1 : count;
+    }
+    return 1;
+}
+
 } // namespace StoredCalls
 
 void CallerDirectory::load(const QByteArray& customerData)

@@ -27,6 +27,24 @@ Result<qint32> Append(Store& store, const CallerIdReport& call, const QString& t
 Status DeleteAll(Store& store);
 // "hh:mm am/pm" as a call's time is kept.
 QString TimeText(const QTime& time);
+
+// How many calls the file holds (its length over 35, as every record file is counted);
+// 0 without a file.
+Result<qint32> Count(Store& store);
+// Call callNo (from 1) as kept; a call past the end reads as zero bytes.
+Result<CallRecord> Read(Store& store, qint32 callNo);
+// Removes call callNo; the later calls move up one place. The copy in Backup goes too,
+// so the removed call cannot come back, and removing the only call deletes the file.
+Status DeleteOne(Store& store, qint32 callNo);
+
+// A step through the stored calls on the customer screen.
+enum class Step {
+    Startup, // the list opened: the call on show stays, or the first
+    Up,      // the next call, after the last the first
+    Down,    // the previous call, before the first the last
+};
+// The call shown after a step, from the call on show (0 when none has been) and the count.
+qint32 StepTo(Step step, qint32 onShow, qint32 count);
 } // namespace StoredCalls
 
 // The customers' telephone and cell numbers, trimmed, read once, to tell at once whether a

@@ -8,6 +8,7 @@
 #include "screens/customers/accountlistmodel.h"
 #include "screens/customers/customerauxpanel.h"
 #include "screens/customers/customersearchpanel.h"
+#include "screens/customers/storedcallpanel.h"
 #include "screens/shell/keyfilterwiring.h"
 #include "screens/shell/taborder.h"
 
@@ -175,10 +176,6 @@ void frmCustomer::buildButtons()
         connect(Command1[i], &QPushButton::clicked, this, [this, i] { Command1_Click(i); });
     }
 
-    // Its place is kept; it opens with the caller ID screens.
-    fraCallBack = new QFrame(this);
-    fraCallBack->setObjectName(QStringLiteral("fraCallBack"));
-    fraCallBack->setVisible(false);
     imgDialer = button(QStringLiteral("&Dial"), QStringLiteral("imgDialer"));
     connect(imgDialer, &QPushButton::clicked, this, &frmCustomer::imgDialer_Click);
     cmdHistory = button(QStringLiteral("Service &History"), QStringLiteral("cmdHistory"));
@@ -195,6 +192,9 @@ void frmCustomer::buildButtons()
     mnuPrint = action(kViewList, QStringLiteral("mnuPrint"));
     mnuDelete = action(QStringLiteral("DELETE This customer"), QStringLiteral("mnuDelete"));
 
+    calls = new StoredCallPanel(
+        c, {[this] { return saveUnsavedEdits(); }, [this](const QString& n) { lookUpCaller(n); }},
+        this);
     search = new CustomerSearchPanel(c, this);
     aux = new CustomerAuxPanel(
         c, [this] { return txtCustomer[CustomerBox::AccountNo]->text(); }, this);
@@ -279,13 +279,13 @@ void frmCustomer::buildLayout()
     left->addLayout(form);
     left->addLayout(nav);
     left->addLayout(locate);
-    left->addWidget(fraCallBack);
     left->addStretch(1);
     left->addLayout(actions);
 
     auto* body = new QHBoxLayout;
     body->addLayout(left, 3);
     auto* right = new QVBoxLayout;
+    right->addWidget(calls);
     right->addWidget(search, 1);
     right->addWidget(aux, 1);
     body->addLayout(right, 4);
@@ -365,10 +365,16 @@ void frmCustomer::wireBoxes()
         at.gCurrentRec = record;
         ShowCustomer();
     });
-    connect(search, &CustomerSearchPanel::newAccountWanted, this, &frmCustomer::mnuAdd_Click);
+    connect(search, &CustomerSearchPanel::newAccountWanted, this, [this] {
+        mnuAdd_Click();
+        // A caller with no account: the new one starts with the number that called.
+        if (!m_caller.isEmpty() && cmdCustomer[0]->isVisible())
+            txtCustomer[CustomerBox::Phone]->setText(m_caller);
+    });
     connect(search, &CustomerSearchPanel::listClosed, this,
             [this] { mnuPrint->setText(kViewList); });
     connect(aux, &CustomerAuxPanel::moveAccount, this, &frmCustomer::moveAux);
+    connect(calls, &StoredCallPanel::actionChosen, this, &frmCustomer::callBack);
 }
 
 bool frmCustomer::report(const Status& s)
@@ -448,6 +454,7 @@ void frmCustomer::Form_Activate()
         mnuDelete->setEnabled(false);
     }
     report(CheckParallelFiles(c, at.gLastrec));
+    calls->Form_Activate();
     txtCustomer[CustomerBox::AccountNo]->setFocus();
     markUnchanged();
 }
@@ -757,20 +764,32 @@ void frmCustomer::cmdSelect_Click()
     if (m_leftForMenu) return;
     SaveCustomer();
     if (!AcctOK) return;
+    // A stored call in hand goes on to the action chosen for it.
+    if (calls->fraCallBack->isVisible()) {
+        calls->ContinueCallback();
+        return;
+    }
     emit customerSelected();
     // The routines that go on to a screen of their own hide this one as they bring theirs
     // up; the others only hide it.
-    switch (c.v.Mode) {
-    case 2:
-    case 6:
-    case 7:
-    case 13:
-    case 14:
-        break;
-    default:
-        hide();
-        break;
-    }
+    if (AfterCustomerSelect(c.v.Mode) == AfterCustomer::Nowhere) hide();
+}
+
+void frmCustomer::lookUpCaller(const QString& number)
+{
+    // A call that came without a number (private, out of area) is no account's; searched
+    // for, the empty text would list every account.
+    m_caller = number.trimmed();
+    search->SearchCustomers(CustomerSearch::ByTelephone, m_caller,
+                            m_caller.isEmpty() ? 0 : at.gLastrec);
+    m_caller.clear();
+}
+
+void frmCustomer::callBack(bool meeting)
+{
+    SaveCustomer();
+    c.v.Mode = meeting ? Mode::Meeting : Mode::ServiceSlip;
+    emit customerSelected();
 }
 
 bool frmCustomer::CheckTelephoneAndSave()

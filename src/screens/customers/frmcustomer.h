@@ -22,6 +22,7 @@ namespace tresvane
 class AccountListModel;
 class CustomerAuxPanel;
 class CustomerSearchPanel;
+class StoredCallPanel;
 
 // The customer screen: accounts are added, edited and chosen here, and most routines of
 // the menu start here. There is no save button: the account on the screen is written
@@ -54,9 +55,7 @@ public:
     // 0 search panel, 1 name list, 2 back from the name list, 3 the complete list.
     std::array<QPushButton*, 4> Command1{};
     QComboBox* cboAccounts;
-    // The place of the stored-call panel, which comes with the caller ID screens; the dial
-    // button, hidden without a modem; the service history of the account.
-    QFrame* fraCallBack;
+    // The dial button, hidden without a modem; the service history of the account.
     QPushButton* imgDialer;
     QPushButton* cmdHistory;
     QMenuBar* menuBar;
@@ -66,6 +65,7 @@ public:
     QAction* mnuPrint;
     CustomerSearchPanel* search;
     CustomerAuxPanel* aux;
+    StoredCallPanel* calls;
 
     // Where the screen stands in the file: gCurrentRec and gLastrec.
     CustomerPosition at;
@@ -143,6 +143,8 @@ private:
     void cboAccounts_Change(const QString& typed);
     void moveAux(int step);
     void setNameBoxesVisible(bool business);
+    void lookUpCaller(const QString& number);
+    void callBack(bool meeting);
 
     CoreContext& c;
     AccountIndex m_accounts;
@@ -152,6 +154,8 @@ private:
     bool m_noComplete = false;
     // The last save ended with the user choosing to leave for the menu.
     bool m_leftForMenu = false;
+    // The number of the stored call being looked up: a new account begun from it takes it.
+    QString m_caller;
     // The boxes as last shown from the file, preset for a new account, or saved.
     CustomerBoxes m_unchanged;
     void markUnchanged() { m_unchanged = boxes(); }

@@ -16,6 +16,9 @@
 #include "core/setup/settingsfiles.h"
 #include "core/state/dispatchingvariables.h"
 #include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/invoicetypeframe.h"
+#include "screens/schedule/memoframe.h"
+#include "screens/schedule/printpanel.h"
 #include "screens/schedule/storedslipsframe.h"
 #include "screens/schedule/teammonthframe.h"
 #include "screens/shell/flexgrid.h"
@@ -40,7 +43,6 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -64,8 +66,8 @@ struct WaitCursor {
 };
 } // namespace
 
-frmMain::frmMain(CoreContext& ctx, Desktop& desktop, QWidget* parent)
-    : QMainWindow(parent), c(ctx), m_desktop(desktop)
+frmMain::frmMain(CoreContext& ctx, Desktop& desktop, PrintDialogs& printDialogs, QWidget* parent)
+    : QMainWindow(parent), c(ctx), m_desktop(desktop), m_printDialogs(printDialogs)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Scheduling Screen"));
@@ -151,16 +153,9 @@ void frmMain::buildLayout()
     txtCopies->setRange(1, 9);
     (new QHBoxLayout(fraCopies))->addWidget(txtCopies);
 
-    fraInvoiceType = new QGroupBox(QStringLiteral("Invoices"), central);
-    fraInvoiceType->setObjectName(QStringLiteral("fraInvoiceType"));
+    fraInvoiceType = new InvoiceTypeFrame(central);
     tag(fraInvoiceType, "Hide");
-    auto* invoices = new QVBoxLayout(fraInvoiceType);
-    invoices->addWidget(
-        new QRadioButton(QStringLiteral("All Invoices of the Day"), fraInvoiceType));
-    invoices->addWidget(new QRadioButton(QStringLiteral("Selected Invoice"), fraInvoiceType));
-
-    fraMemo = new QGroupBox(QStringLiteral("Invoice Memo"), central);
-    fraMemo->setObjectName(QStringLiteral("fraMemo"));
+    fraMemo = new MemoFrame(c.store, c.dialogs, central);
     tag(fraMemo, "Hide");
 
     auto* left = new QVBoxLayout;
@@ -271,6 +266,15 @@ void frmMain::buildLayout()
     auto* right = new QVBoxLayout;
     right->addWidget(fraCustomer);
     right->addLayout(day, 1);
+    fraInvoice = new PrintPanel(c, m_printDialogs, central);
+    tag(fraInvoice, "Hide");
+    fraInvoice->setSelection([this] {
+        // The entry after the last team is "All Teams".
+        const int row = lstTeam->currentRow();
+        return PrintPanel::Selection{m_currentDate, row < c.v.TeamCount() ? row + 1 : 0,
+                                     fraCopies->isVisible() ? txtCopies->value() : c.v.gCopies};
+    });
+    right->addWidget(fraInvoice);
 
     fraUnscheduled = new StoredSlipsFrame(central);
     tag(fraUnscheduled, "Hide");
@@ -299,6 +303,7 @@ void frmMain::buildLayout()
     connect(fgHours, &QAbstractItemView::clicked, this,
             [this](const QModelIndex& index) { fgHours_Click(index.row() + 1); });
     connect(cmdSave, &QPushButton::clicked, this, &frmMain::cmdSave_Click);
+    connect(cmdPrint, &QPushButton::clicked, fraInvoice, &PrintPanel::Open);
     connect(cmdClear, &QPushButton::clicked, this, &frmMain::cmdClear_Click);
     connect(cmdExit, &QPushButton::clicked, this, &frmMain::cmdExit_Click);
     connect(cmdView_0, &QPushButton::clicked, this, &frmMain::cmdView_Click);
@@ -320,14 +325,14 @@ bool frmMain::fail(const Status& s)
 
 GridColumn frmMain::gridColumn() const
 {
-    GridColumn grid;
-    for (int r = 1; r <= 12; ++r)
-        grid[r - 1] = fgHours->textMatrix(r - 1, 1);
-    return grid;
+    return m_grid;
 }
 
 void frmMain::showGrid(const GridColumn& grid)
 {
+    // The slots are kept as a value; the grid only shows them, and no handler reads a
+    // cell back to learn what a slot holds.
+    m_grid = grid;
     for (int r = 1; r <= 12; ++r)
         fgHours->setTextMatrix(r - 1, 1, grid[r - 1]);
 }
@@ -356,33 +361,41 @@ void frmMain::Form_Activate()
         for (int r = 1; r <= 12; ++r)
             labels[r - 1] = GridLabel(c.v, r);
         fraDay->setHourLabels(labels);
+        fail(fraMemo->LoadMemo());
         ResetScreen(this);
-        const qint16 mode = c.v.Mode;
-        mnuCustomer->setVisible(mode == 2 || mode == 4 || mode == 7 || mode == 10);
-        mnuTeamCal->setVisible(mode == 2 || mode == 4 || mode == 7 || mode == 5);
-        mnuInvoiceS->setVisible(mode == 5);
-        mnuInvoiceStyle->setVisible(mode == 5);
+        const Mode mode = c.v.Mode;
+        mnuCustomer->setVisible(mode == Mode::ServiceSlip || mode == Mode::BlockDays ||
+                                mode == Mode::Meeting || mode == Mode::Reschedule);
+        mnuTeamCal->setVisible(mode == Mode::ServiceSlip || mode == Mode::BlockDays ||
+                               mode == Mode::Meeting || mode == Mode::Invoices);
+        mnuInvoiceS->setVisible(mode == Mode::Invoices);
+        mnuInvoiceStyle->setVisible(mode == Mode::Invoices);
         ckSaveUnscheduled->setChecked(false);
         cmdSaveTextMessage->setEnabled(false);
         cmdView_0->setEnabled(true);
         // The stored-slip list has buttons of its own.
-        fraButtons->setVisible(mode != 9);
-        if (mode == 2 || mode == 7) {
+        fraButtons->setVisible(mode != Mode::StoredSlips);
+        if (mode == Mode::ServiceSlip || mode == Mode::Meeting) {
             cmdClear->setEnabled(true);
             cmdSave->setEnabled(true);
         }
-        if (mode == 3) {
+        if (mode == Mode::WorkSchedules) {
             cmdView_0->setEnabled(false);
             cmdClear->setEnabled(false);
         }
-        if (mode == 2 || mode == 3 || mode == 5 || mode == 7) {
+        if (mode == Mode::ServiceSlip || mode == Mode::WorkSchedules || mode == Mode::Invoices ||
+            mode == Mode::Meeting) {
             fraCalendar->setVisible(true);
             fraTeam->setVisible(true);
             fraTime->setVisible(true);
             fgHours->setVisible(true);
         }
-        if (mode == 3) fraCopies->setVisible(true);
-        if (mode == 5) {
+        if (mode == Mode::WorkSchedules) {
+            fraCopies->setVisible(true);
+            txtCopies->setValue(c.v.gCopies);
+        }
+        cmdPrint->setEnabled(mode == Mode::WorkSchedules || mode == Mode::Invoices);
+        if (mode == Mode::Invoices) {
             fraTime->setVisible(false);
             fraInvoiceType->setVisible(true);
         }
@@ -398,30 +411,30 @@ void frmMain::Form_Activate()
 
         // 5. The caption; 6. the number the slip will get.
         setCaption();
-        if (mode == 2) ckSaveUnscheduled->setVisible(true);
-        if (mode == 2) fail(TakeFreeConfirmation(c));
+        if (mode == Mode::ServiceSlip) ckSaveUnscheduled->setVisible(true);
+        if (mode == Mode::ServiceSlip) fail(TakeFreeConfirmation(c));
         SlipNumber = c.v.gConfirmation;
 
         // 7. By mode.
         switch (mode) {
-        case 2:
+        case Mode::ServiceSlip:
             fraService->setVisible(true);
             fillService(c.v.settings.cboProblems.value(0));
             break;
-        case 3:
+        case Mode::WorkSchedules:
             fraTime->setVisible(false);
             break;
-        case 9:
+        case Mode::StoredSlips:
             fraUnscheduled->setVisible(true);
             fraUnscheduled->raise();
             if (const QString problem = fraUnscheduled->fill(c.store); !problem.isEmpty())
                 c.dialogs.message(problem);
             return;
-        case 10:
+        case Mode::Reschedule:
             if (rescheduleMeeting) {
-                c.v.Mode = 7;
+                c.v.Mode = Mode::Meeting;
             } else {
-                c.v.Mode = 2;
+                c.v.Mode = Mode::ServiceSlip;
                 Rescheduling = -1;
             }
             Form_Activate();
@@ -431,13 +444,13 @@ void frmMain::Form_Activate()
         }
 
         // 8. The customer in hand.
-        if (mode == 2 || mode == 3 || mode == 10) {
+        if (mode == Mode::ServiceSlip || mode == Mode::WorkSchedules || mode == Mode::Reschedule) {
             fraCustomer->setVisible(true);
             showCustomer();
         }
         // 9. The teams; the first is selected and its day loaded.
         fillTeams();
-        if (mode == 2 && Rescheduling == -1) {
+        if (mode == Mode::ServiceSlip && Rescheduling == -1) {
             // The old slip's team, problem and hours; the date and the hour are chosen anew.
             const int team = c.v.gSlip.text(SlipField::TeamNo).toInt() - 1;
             if (team >= 0 && team < lstTeam->count()) lstTeam->setCurrentRow(team);
@@ -451,15 +464,15 @@ void frmMain::Form_Activate()
 void frmMain::setCaption()
 {
     switch (c.v.Mode) {
-    case 2:
-    case 7:
-    case 9:
+    case Mode::ServiceSlip:
+    case Mode::Meeting:
+    case Mode::StoredSlips:
         setWindowTitle(QStringLiteral("Scheduling Screen"));
         break;
-    case 3:
+    case Mode::WorkSchedules:
         setWindowTitle(QStringLiteral("Print Setup Screen"));
         break;
-    case 5:
+    case Mode::Invoices:
         setWindowTitle(QStringLiteral("Print Invoices Screen"));
         break;
     default:
@@ -482,7 +495,7 @@ void frmMain::fillTeams()
         lstTeam->clear();
         for (int n = 1; n <= c.v.TeamCount(); ++n)
             lstTeam->addItem(c.v.gAssignTo[n]);
-        if (c.v.Mode == 3) lstTeam->addItem(QStringLiteral("All Teams"));
+        if (c.v.Mode == Mode::WorkSchedules) lstTeam->addItem(QStringLiteral("All Teams"));
         if (lstTeam->count() > 0) lstTeam->setCurrentRow(0);
     }
     if (lstTeam->count() > 0) lstTeam_Change(0);
@@ -491,12 +504,13 @@ void frmMain::fillTeams()
 void frmMain::showCustomer()
 {
     const DispatchingVariables& v = c.v;
-    txtAccount->setText(v.gCurAccount);
-    txtName->setText(v.gCurName);
-    txtAddress1->setText(v.gCurAddress1);
-    txtAddress2->setText(v.gCurAddress2);
-    txtCityStateZip->setText(v.gCurCity + QStringLiteral(", ") + v.gCurState + u' ' + v.gCurZip);
-    txtPhone->setText(v.gCurPhone);
+    txtAccount->setText(v.current.account);
+    txtName->setText(v.current.name);
+    txtAddress1->setText(v.current.address1);
+    txtAddress2->setText(v.current.address2);
+    txtCityStateZip->setText(v.current.city + QStringLiteral(", ") + v.current.state + u' ' +
+                             v.current.zip);
+    txtPhone->setText(v.current.phone);
 }
 
 void frmMain::Calender_Change(const QDate& picked)
@@ -511,8 +525,10 @@ void frmMain::Calender_Change(const QDate& picked)
 
 void frmMain::loadDay()
 {
-    if (fail(LoadDay(c, m_currentDate, c.v.CurrentTeam))) return;
-    showGrid(GridFromDaySlots(c.v));
+    Result<TeamDay> day = ReadTeamDay(c, m_currentDate, c.v.CurrentTeam);
+    if (fail(day.status())) return;
+    m_day = std::move(*day);
+    showGrid(m_day.slotTexts);
 }
 
 void frmMain::overlayContracts()
@@ -530,13 +546,13 @@ void frmMain::lstTeam_Change(int i)
     if (fraTeamCal->isVisible()) DrawTeamMonth();
     loadDay();
     if (lstTeam->currentItem()) fraTeamCal->txtCurrentTeam->setText(lstTeam->currentItem()->text());
-    const qint16 mode = c.v.Mode;
-    if (mode == 2 || mode == 7) {
+    const Mode mode = c.v.Mode;
+    if (mode == Mode::ServiceSlip || mode == Mode::Meeting) {
         for (int r = 0; r < 12; ++r)
             fgHours->grid()->setBackColor(r, 1, kGridYellow);
         if (lstTeam->currentItem()) overlayContracts();
     }
-    if (mode == 3)
+    if (mode == Mode::WorkSchedules)
         fgHours->setVisible(!(lstTeam->currentItem() && lstTeam->currentRow() >= c.v.TeamCount()));
 }
 
@@ -551,8 +567,8 @@ void frmMain::fgHours_Click(int row)
 {
     m_gridRow = row;
     GridColumn grid = gridColumn();
-    const GridClick click =
-        ClickTimeGrid(c, grid, row, txtTime->text().trimmed().toInt(), SlipNumber, EventText);
+    const GridClick click = ClickTimeGrid(c, BookingKind(c.v.Mode), grid, row,
+                                          txtTime->text().trimmed().toInt(), SlipNumber, EventText);
     if (click == GridClick::Placed) showGrid(grid);
 }
 
@@ -577,7 +593,7 @@ void frmMain::ResetTimeSelection()
 
 void frmMain::cmdClear_Click()
 {
-    if (c.v.Mode != 2 && c.v.Mode != 7) return;
+    if (!BookingKind(c.v.Mode)) return;
     if (!c.dialogs.ask(QStringLiteral("This will reset the time selected for this event"),
                        QStringLiteral("Clearing Time Slots")))
         return;
@@ -588,21 +604,21 @@ void frmMain::cmdClear_Click()
 
 std::optional<BookingSaved> frmMain::saveBooking()
 {
-    BookingScreen screen;
-    screen.ckSaveUnscheduled = ckSaveUnscheduled->isChecked();
-    screen.calendarDate = Calender->selectedDate();
-    screen.EventText = EventText;
-    screen.lblMode = lblMode->text();
-    screen.txtTime = txtTime->text();
-    screen.currentRow = m_gridRow;
-    screen.SlipNumber = SlipNumber;
-    screen.cboService = cboService->currentText();
-    screen.FromStoredSlip = FromStoredSlip;
-    screen.storedSlipRow = m_storedSlipRow;
-    if (!screen.ckSaveUnscheduled) m_currentDate = screen.calendarDate;
+    BookingRequest r = NewBookingRequest(c.v);
+    r.date = Calender->selectedDate();
+    r.firstSlot = m_gridRow;
+    r.hours = txtTime->text();
+    r.unit = lblMode->text();
+    r.problem = cboService->currentText();
+    r.number = SlipNumber;
+    r.eventText = EventText;
+    r.unscheduled = ckSaveUnscheduled->isChecked();
+    r.fromStoredSlip = FromStoredSlip == -1;
+    r.storedSlipRow = m_storedSlipRow;
+    if (!r.unscheduled) m_currentDate = r.date;
     if (EventText != NoSlotSelected()) cmdSaveTextMessage->setEnabled(true);
 
-    Result<BookingSaved> saved = SaveBooking(c, screen);
+    Result<BookingSaved> saved = SaveBooking(c, r);
     if (fail(saved.status())) return std::nullopt;
     return *saved;
 }
@@ -617,7 +633,7 @@ void frmMain::cmdSave_Click()
 
 bool frmMain::hasUnsavedEdits() const
 {
-    return isVisible() && (c.v.Mode == 2 || c.v.Mode == 7) && EventText != NoSlotSelected();
+    return isVisible() && BookingKind(c.v.Mode) && EventText != NoSlotSelected();
 }
 
 bool frmMain::saveUnsavedEdits()
@@ -647,9 +663,7 @@ void frmMain::cmdView_Click()
 
 void frmMain::BuildDayView()
 {
-    Result<DayView> view = tresvane::BuildDayView(c, m_currentDate, c.v.CurrentTeam, gridColumn());
-    if (fail(view.status())) return;
-    fraDay->showView(*view);
+    fraDay->showView(DayViewOf(m_day.records, gridColumn()));
 }
 
 void frmMain::cmdSaveTextMessage_Click()
@@ -723,7 +737,7 @@ void frmMain::cmdUnscheduled_Click(int index)
         Result<QString> problem = LoadStoredSlip(c, row);
         if (fail(problem.status())) return;
         fraUnscheduled->hide();
-        c.v.Mode = 2;
+        c.v.Mode = Mode::ServiceSlip;
         Form_Activate();
         // Set after the activation, which starts every event afresh.
         cboService->setEditText(*problem);

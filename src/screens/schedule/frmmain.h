@@ -3,6 +3,7 @@
 #include "core/io/result.h"
 #include "core/schedule/booking.h"
 #include "core/schedule/dayfiles.h"
+#include "core/schedule/dayview.h"
 #include "core/state/corecontext.h"
 #include "screens/shell/unsavededits.h"
 
@@ -25,6 +26,10 @@ namespace tresvane
 {
 
 class Desktop;
+class InvoiceTypeFrame;
+class MemoFrame;
+class PrintDialogs;
+class PrintPanel;
 class FlexGrid;
 class UpDown;
 class DayViewFrame;
@@ -40,7 +45,8 @@ class frmMain : public QMainWindow, public UnsavedEdits
 {
     Q_OBJECT
 public:
-    frmMain(CoreContext& ctx, Desktop& desktop, QWidget* parent = nullptr);
+    frmMain(CoreContext& ctx, Desktop& desktop, PrintDialogs& printDialogs,
+            QWidget* parent = nullptr);
 
     // Date and team
     QGroupBox* fraCalendar;
@@ -71,8 +77,9 @@ public:
     // Print frames, shown in the print modes
     QGroupBox* fraCopies;
     QSpinBox* txtCopies;
-    QGroupBox* fraInvoiceType;
-    QGroupBox* fraMemo;
+    InvoiceTypeFrame* fraInvoiceType;
+    MemoFrame* fraMemo;
+    PrintPanel* fraInvoice;
     // Buttons
     QWidget* fraButtons;
     QPushButton* cmdSave;
@@ -154,7 +161,12 @@ private:
 
     CoreContext& c;
     Desktop& m_desktop;
+    PrintDialogs& m_printDialogs;
     QDate m_currentDate;
+    // The team's day on the screen, read once per change of team or date.
+    TeamDay m_day;
+    // What the grid's slot column shows, with the event placed by the clicks.
+    GridColumn m_grid;
     int m_gridRow = 1;
     int m_storedSlipRow = 0;
     bool m_settingCalendar = false;

@@ -6,6 +6,7 @@
 #include "core/setup/assignments.h"
 #include "core/setup/settingsfiles.h"
 #include "core/setup/setupdata.h"
+#include "core/setup/setupsave.h"
 #include "core/state/dispatchingvariables.h"
 #include "screens/setup/setupassignmentstab.h"
 #include "screens/setup/setupbusinesstab.h"
@@ -34,7 +35,8 @@
 namespace tresvane
 {
 
-frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
+frmSetup::frmSetup(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent)
+    : QWidget(parent), c(ctx)
 {
     setObjectName(QStringLiteral("frmSetup"));
     setWindowTitle(ApplicationTitle() + QStringLiteral(" Setup"));
@@ -47,7 +49,7 @@ frmSetup::frmSetup(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
     operations = new SetupOperationsTab(c);
     printing = new SetupPrintTab(c);
     invoiceItems = new SetupInvoiceItemsTab(c);
-    logo = new SetupLogoTab(c);
+    logo = new SetupLogoTab(c, printDialogs);
     serviceOrder = new SetupServiceOrderTab(c);
     tabSetup->addTab(business, QStringLiteral("Business Info"));
     tabSetup->addTab(assignments, QStringLiteral("Assignments"));
@@ -239,76 +241,52 @@ bool frmSetup::saveUnsavedEdits()
 
 bool frmSetup::SaveAll()
 {
-    // 1. The telephone must end in four digits.
-    QLineEdit* phone = business->txtBusiness[6];
-    if (!TelephoneValid(phone->text())) {
-        c.dialogs.message(QStringLiteral("Your Telephone Number (structure) is invalid"));
+    SetupExit e;
+    for (int i = 0; i < 9; ++i)
+        e.business[i] = business->txtBusiness[i]->text();
+    e.assignments = assignments->entries();
+    e.problems = problems->entries();
+    operations->fillExit(e);
+    e.colors = printing->settings();
+    e.logoWidth = logo->logoWidth();
+    e.logoHeight = logo->logoHeight();
+    e.invoiceItems = invoiceItems->items();
+
+    Result<SetupStop> stop = SaveSetup(c, e);
+    if (fail(stop.status())) return false;
+    // Past the two lists the screen shows what was saved, as far as the save came.
+    if (*stop == SetupStop::Saved || *stop == SetupStop::SlipNumber) {
+        assignments->FillAssignmentLists();
+        problems->LoadProblems();
+        operations->storeModemDevice();
+    }
+    switch (*stop) {
+    case SetupStop::Saved:
+        showSettings();
+        return true;
+    case SetupStop::Telephone: {
+        QLineEdit* phone = business->txtBusiness[6];
         phone->clear();
         tabSetup->setCurrentIndex(TabBusiness);
         phone->setFocus();
         return false;
     }
-    // 2. The business data.
-    business->storeToSettings();
-    if (fail(SaveBusiness(c)) || fail(LoadBusiness(c))) return false;
-    // 3, 4. At least one team and one problem description.
-    const QStringList teams = assignments->entries();
-    if (teams.isEmpty()) {
-        c.dialogs.message(QStringLiteral("You must create at least one assignment"),
-                          QStringLiteral("Files Missing"));
+    case SetupStop::NoAssignments:
         tabSetup->setCurrentIndex(TabAssignments);
         assignments->cboAssignments->setFocus();
         return false;
-    }
-    const QStringList problemList = problems->entries();
-    if (problemList.isEmpty()) {
-        c.dialogs.message(QStringLiteral("You must create at least one problem code"),
-                          QStringLiteral("Files Missing"));
+    case SetupStop::NoProblems:
         tabSetup->setCurrentIndex(TabProblems);
         problems->cboProblems->setFocus();
         return false;
-    }
-    // 5. A folder for every team in the current year.
-    for (int n = 1; n <= teams.size(); ++n)
-        if (fail(MakeFolder(c, n))) return false;
-    // 6. The two lists.
-    if (fail(SaveAssignments(c, teams))) return false;
-    assignments->FillAssignmentLists();
-    if (fail(SaveProblems(c, problemList)) || fail(LoadProblems(c))) return false;
-    problems->LoadProblems();
-    // 7. Phone, caller ID, alarms and prompts.
-    operations->storeToSettings();
-    c.v.settings.ckColor = printing->ckColor->isChecked() ? 1 : 0;
-    c.v.gPhoneChained = c.v.settings.ckPhone == 1;
-    if (fail(SavePhoneSettings(c))) return false;
-    c.v.gCallerID = c.v.settings.ckCallerID == 1;
-    c.v.gAlarms = c.v.settings.ckAlarms == 1;
-    c.v.gPrompts = c.v.settings.ckPrompts == 1;
-    // 8. The settings file, then the phone settings again with the new caller ID.
-    c.v.settings.SlipNumberBad = false;
-    const Status saved = SaveSettings(c);
-    // A bad slip number has been told to the user already; step 9 takes it up.
-    if (!saved && !c.v.settings.SlipNumberBad) {
-        fail(saved);
-        return false;
-    }
-    if (fail(SavePhoneSettings(c))) return false;
-    // 9. Back to the slip number box when it did not hold a number.
-    if (c.v.settings.SlipNumberBad) {
+    case SetupStop::SlipNumber:
         tabSetup->setCurrentIndex(TabOperations);
         operations->tabSub->setCurrentIndex(3);
         operations->txtNextSlip->clear();
         operations->txtNextSlip->setFocus();
-        c.v.settings.SlipNumberBad = false;
         return false;
     }
-    // 10. Print colours, the settings read back, logo size and the invoice items.
-    if (fail(printing->SavePrintColors()) || fail(LoadSettings(c)) ||
-        fail(LoadPhoneSettings(c, c.v.gModemPort)) || fail(logo->SaveLogoSettings()) ||
-        fail(invoiceItems->SaveInvoiceItems()))
-        return false;
-    showSettings();
-    return true;
+    return false;
 }
 
 } // namespace tresvane

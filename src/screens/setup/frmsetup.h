@@ -13,6 +13,7 @@ class QToolButton;
 
 namespace tresvane
 {
+class PrintDialogs;
 class SetupAssignmentsTab;
 class SetupBusinessTab;
 class SetupInvoiceItemsTab;
@@ -41,7 +42,7 @@ public:
         TabServiceOrder = 7,
     };
 
-    explicit frmSetup(CoreContext& ctx, QWidget* parent = nullptr);
+    frmSetup(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent = nullptr);
 
     QTabWidget* tabSetup;
     SetupBusinessTab* business;

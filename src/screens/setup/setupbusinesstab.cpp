@@ -126,12 +126,6 @@ void SetupBusinessTab::BuildBusiness()
     cmdAddress_Click();
 }
 
-void SetupBusinessTab::storeToSettings()
-{
-    for (int i = 0; i < 9; ++i)
-        c.v.settings.txtBusiness[i] = txtBusiness[i]->text();
-}
-
 void SetupBusinessTab::cmdAddress_Click()
 {
     SetupSettings& s = c.v.settings;

@@ -33,8 +33,6 @@ public:
 
     // Boxes from the business data, then the address style worked out from them.
     void BuildBusiness();
-    // The boxes into the settings object, where SaveBusiness takes them from.
-    void storeToSettings();
     void cmdAddress_Click();
     void Image4_Click();
     void Image5_Click();

@@ -131,11 +131,6 @@ Status SetupInvoiceItemsTab::LoadInvoiceItems()
     return s;
 }
 
-Status SetupInvoiceItemsTab::SaveInvoiceItems()
-{
-    return SetupData::SaveInvoiceItems(c, m_items);
-}
-
 void SetupInvoiceItemsTab::showItems(int selected)
 {
     const QSignalBlocker a(lstInvoiceItems);

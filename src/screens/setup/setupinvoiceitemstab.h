@@ -38,7 +38,6 @@ public:
     void setStockItems(const QList<PriceEntry>& stock);
     // Step 4 of the load: the list from InvoiceItems.txt.
     Status LoadInvoiceItems();
-    Status SaveInvoiceItems();
 
     void cmdRInvoice_Click(int index);
     void selectEntry(int index);

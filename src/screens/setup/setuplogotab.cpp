@@ -1,8 +1,12 @@
 #include "screens/setup/setuplogotab.h"
 
+#include "core/documents/printframe.h"
+#include "core/documents/printlogo.h"
+#include "core/io/store.h"
 #include "core/ports/dialogs.h"
 #include "core/setup/pricelists.h"
 #include "core/setup/setupdata.h"
+#include "screens/documents/printrun.h"
 #include "screens/shell/taborder.h"
 #include "screens/shell/updown.h"
 
@@ -18,8 +22,9 @@
 namespace tresvane
 {
 
-SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
-    : QWidget(parent), c(ctx), m_width(kDefaultLogoTwips), m_height(kDefaultLogoTwips)
+SetupLogoTab::SetupLogoTab(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent)
+    : QWidget(parent), c(ctx), m_printDialogs(printDialogs), m_width(kDefaultLogoTwips),
+      m_height(kDefaultLogoTwips)
 {
     setObjectName(QStringLiteral("tabLogo"));
     auto* note = new QLabel(
@@ -43,6 +48,13 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
     lblLogoFile->setObjectName(QStringLiteral("lblLogoFile"));
     lblLogoSize = new QLabel(this);
     lblLogoSize->setObjectName(QStringLiteral("lblLogoSize"));
+    UpDown2 = new UpDown(QStringLiteral("UpDown2"), this);
+    UpDown3 = new UpDown(QStringLiteral("UpDown3"), this);
+    connect(UpDown3, &UpDown::upClicked, this, [this] { stepWidth(true); });
+    connect(UpDown3, &UpDown::downClicked, this, [this] { stepWidth(false); });
+    connect(UpDown2, &UpDown::upClicked, this, [this] { stepHeight(true); });
+    connect(UpDown2, &UpDown::downClicked, this, [this] { stepHeight(false); });
+    // Made after the steps, so the keyboard reaches them in the order they stand.
     const std::pair<int, const char*> buttons[] = {
         {0, "Find"}, {1, "&Store"}, {2, "&Clear"}, {5, "Print Sample"}};
     for (auto [index, caption] : buttons) {
@@ -51,15 +63,7 @@ SetupLogoTab::SetupLogoTab(CoreContext& ctx, QWidget* parent)
         connect(cmdLogo[index], &QPushButton::clicked, this,
                 [this, index = index] { cmdLogo_Click(index); });
     }
-    // The sample print comes with the printing routines.
-    cmdLogo[5]->setEnabled(false);
-    cmdLogo[5]->setToolTip(QStringLiteral("This routine is not available yet"));
-    UpDown2 = new UpDown(QStringLiteral("UpDown2"), this);
-    UpDown3 = new UpDown(QStringLiteral("UpDown3"), this);
-    connect(UpDown3, &UpDown::upClicked, this, [this] { stepWidth(true); });
-    connect(UpDown3, &UpDown::downClicked, this, [this] { stepWidth(false); });
-    connect(UpDown2, &UpDown::upClicked, this, [this] { stepHeight(true); });
-    connect(UpDown2, &UpDown::downClicked, this, [this] { stepHeight(false); });
+    cmdLogo[5]->setToolTip(QStringLiteral("Print \"Logo Test\" and the logo at this size"));
 
     auto* grid = new QGridLayout;
     grid->addWidget(new QLabel(QStringLiteral("File on Disk"), this), 0, 0);
@@ -96,7 +100,7 @@ Status SetupLogoTab::LoadLogo()
 {
     QString path;
     if (Status s = SetupData::LoadCompanyLogo(c, path); !s) return s;
-    m_file = QFileInfo::exists(path) ? path : QString();
+    m_file = LocateLogoFile(c.store, path);
     showPicture();
     if (Status s = SetupData::LoadLogoSettings(c, m_width, m_height); !s) return s;
     showSize();
@@ -177,9 +181,27 @@ void SetupLogoTab::cmdLogo_Click(int index)
         m_height = kDefaultLogoTwips;
         showSize();
         break;
+    case 5:
+        PrintSample();
+        break;
     default:
         break;
     }
+}
+
+void SetupLogoTab::PrintSample()
+{
+    // The logo as it stands on the tab, so that a size can be judged before it is stored.
+    PrintLogo logo;
+    logo.file = m_file;
+    logo.width = m_width;
+    logo.height = m_height;
+    PrintDocuments(m_printDialogs, c.dialogs, window(), 1, ReadPrintOffset(c.store.baseName()),
+                   [this, logo](PrintSurface& surface) {
+                       PrintJob job{surface, DocumentSettingsOf(c.v)};
+                       PrintLogoSample(job, logo);
+                       return Status();
+                   });
 }
 
 void SetupLogoTab::stepWidth(bool up)

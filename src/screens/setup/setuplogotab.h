@@ -11,6 +11,7 @@ class QPushButton;
 
 namespace tresvane
 {
+class PrintDialogs;
 class UpDown;
 
 // Tab 6 of the setup screen, Logo: the company's picture and its printed size in twips.
@@ -18,7 +19,7 @@ class SetupLogoTab : public QWidget
 {
     Q_OBJECT
 public:
-    explicit SetupLogoTab(CoreContext& ctx, QWidget* parent = nullptr);
+    SetupLogoTab(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent = nullptr);
 
     QLabel* Image2; // "File on Disk"
     QLabel* Image3; // "Adjusted Logo"
@@ -39,6 +40,8 @@ public:
     // Find with a chosen file (the dialog's answer).
     void chooseFile(const QString& path);
     void cmdLogo_Click(int index);
+    // Print Sample: "Logo Test" and the logo at the size on the tab, one page.
+    void PrintSample();
     void stepWidth(bool up);
     void stepHeight(bool up);
 
@@ -46,6 +49,7 @@ private:
     void showPicture();
     void showSize();
     CoreContext& c;
+    PrintDialogs& m_printDialogs;
     QString m_file;
     int m_width;
     int m_height;

@@ -231,28 +231,32 @@ void SetupOperationsTab::loadFromSettings()
     m_loading = false;
 }
 
-void SetupOperationsTab::storeToSettings()
+void SetupOperationsTab::fillExit(SetupExit& e) const
 {
-    SetupSettings& s = c.v.settings;
-    s.ck7 = ck7->isChecked();
-    s.ck8 = ck8->isChecked();
+    e.ck7 = ck7->isChecked();
+    e.ck8 = ck8->isChecked();
     for (int i = 0; i < 3; ++i)
-        s.optServiceInvoice[i] = optServiceInvoice[i]->isChecked();
-    s.ckSize = ckSize->isChecked() ? 1 : 0;
-    s.ckPhone = ckPhone->isChecked() ? 1 : 0;
-    s.ckCallerID = ckCallerID->isChecked() ? 1 : 0;
+        e.optServiceInvoice[i] = optServiceInvoice[i]->isChecked();
+    e.ckSize = ckSize->isChecked();
+    e.ckPhone = ckPhone->isChecked();
+    e.ckCallerID = ckCallerID->isChecked();
     // A port number the user typed is the one stored; anything else leaves it as it was.
     bool number = false;
     const int port = txtModemPort->text().trimmed().toInt(&number);
-    if (number && port >= 0 && port <= 16) c.v.gModemPort = qint16(port);
+    e.modemPort.reset();
+    if (number && port >= 0 && port <= 16) e.modemPort = qint16(port);
+    e.ckAlarms = ckAlarms->isChecked();
+    e.ckPrompts = ckPrompts->isChecked();
+    e.ckSlipStyle = ckSlipStyle->isChecked();
+    e.txtNextSlip = txtNextSlip->text();
+}
+
+void SetupOperationsTab::storeModemDevice()
+{
     txtModemPort->setText(QString::number(c.v.gModemPort));
     const QString device = cboModemDevice->currentText().trimmed();
     if (device != ConfiguredModemDevice(c.store.baseName()))
         SetConfiguredModemDevice(c.store.baseName(), device);
-    s.ckAlarms = ckAlarms->isChecked() ? 1 : 0;
-    s.ckPrompts = ckPrompts->isChecked() ? 1 : 0;
-    s.ckSlipStyle = ckSlipStyle->isChecked() ? 1 : 0;
-    s.txtNextSlip = txtNextSlip->text();
 }
 
 int SetupOperationsTab::phoneTabIndex() const

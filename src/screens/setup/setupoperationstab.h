@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/setup/setupsave.h"
+
 #include "core/io/result.h"
 #include "core/state/corecontext.h"
 
@@ -58,7 +60,10 @@ public:
 
     // Controls from the settings in memory, and back.
     void loadFromSettings();
-    void storeToSettings();
+    // The tab's controls into the setup's exit values.
+    void fillExit(SetupExit& e) const;
+    // Shows the port as stored and keeps the chosen device for this computer.
+    void storeModemDevice();
     // The index of the sub-tab with the phone settings.
     int phoneTabIndex() const;
     // The settings that need a modem open (one was found) or closed.

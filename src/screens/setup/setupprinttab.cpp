@@ -1,6 +1,8 @@
 #include "screens/setup/setupprinttab.h"
 
+#include "core/io/store.h"
 #include "core/state/dispatchingvariables.h"
+#include "screens/documents/printrun.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
@@ -9,6 +11,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace tresvane
@@ -45,6 +48,23 @@ SetupPrintTab::SetupPrintTab(CoreContext& ctx, QWidget* parent) : QWidget(parent
     for (int n = 1; n <= 9; ++n)
         cboCopies->addItem(QString::number(n));
 
+    auto offsetBox = [this](const char* name) {
+        auto* box = new QSpinBox(this);
+        box->setObjectName(QString::fromLatin1(name));
+        box->setRange(-100, 100);
+        box->setSuffix(QStringLiteral(" /100 in"));
+        return box;
+    };
+    txtOffsetRight = offsetBox("txtOffsetRight");
+    txtOffsetDown = offsetBox("txtOffsetDown");
+    const PrintOffset offset = ReadPrintOffset(c.store.baseName());
+    txtOffsetRight->setValue(offset.right);
+    txtOffsetDown->setValue(offset.down);
+    for (QSpinBox* box : {txtOffsetRight, txtOffsetDown})
+        connect(box, &QSpinBox::valueChanged, this, [this] {
+            WritePrintOffset(c.store.baseName(), {txtOffsetRight->value(), txtOffsetDown->value()});
+        });
+
     auto* grid = new QGridLayout;
     grid->addWidget(new QLabel(QStringLiteral("Border / Frame Color"), this), 0, 0);
     grid->addWidget(txtBorders, 0, 1);
@@ -57,13 +77,19 @@ SetupPrintTab::SetupPrintTab(CoreContext& ctx, QWidget* parent) : QWidget(parent
     grid->addWidget(cmdChange[3], 2, 2);
     grid->addWidget(new QLabel(QStringLiteral("Copies"), this), 3, 0);
     grid->addWidget(cboCopies, 3, 1);
+    grid->addWidget(new QLabel(QStringLiteral("Move Print Right"), this), 4, 0);
+    grid->addWidget(txtOffsetRight, 4, 1);
+    grid->addWidget(new QLabel(QStringLiteral("Move Print Down"), this), 5, 0);
+    grid->addWidget(txtOffsetDown, 5, 1);
     grid->setColumnStretch(3, 1);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(intro);
     layout->addLayout(grid);
     layout->addWidget(ckColor);
     layout->addStretch(1);
-    QWidget::setTabOrder(cboCopies, ckColor);
+    QWidget::setTabOrder(cboCopies, txtOffsetRight);
+    QWidget::setTabOrder(txtOffsetRight, txtOffsetDown);
+    QWidget::setTabOrder(txtOffsetDown, ckColor);
     showSettings({});
 }
 
@@ -117,16 +143,6 @@ Status SetupPrintTab::LoadPrintColors()
     c.v.settings.txtData = QString::number(s.textColor);
     c.v.settings.lblFont = s.fontName;
     return st;
-}
-
-Status SetupPrintTab::SavePrintColors()
-{
-    const PrintColors s = settings();
-    c.v.settings.ckColor = s.printColor ? 1 : 0;
-    c.v.settings.txtBorders = QString::number(s.borderColor);
-    c.v.settings.txtData = QString::number(s.textColor);
-    c.v.settings.lblFont = s.fontName;
-    return SetupData::SavePrintColors(c, s);
 }
 
 void SetupPrintTab::cmdChange_Click(int index)

@@ -10,6 +10,7 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPushButton;
+class QSpinBox;
 
 namespace tresvane
 {
@@ -27,6 +28,10 @@ public:
     QLabel* lblFont;
     QCheckBox* ckColor;
     QComboBox* cboCopies;
+    // The nudge of everything printed, in hundredths of an inch, for forms that come out
+    // of this computer's printer a little off. Kept on this computer, not in the folder.
+    QSpinBox* txtOffsetRight;
+    QSpinBox* txtOffsetDown;
     // cmdChange(1) border colour, (2) text colour, (3) font; (0) is the Assignments' Change.
     std::array<QPushButton*, 4> cmdChange{};
 
@@ -38,8 +43,6 @@ public:
     PrintColors settings() const;
     // Reads PrintColors.txt (or its defaults) into the controls and the shared state.
     Status LoadPrintColors();
-    // Writes the controls to PrintColors.txt; gBorderColor follows the border box.
-    Status SavePrintColors();
 
     void cmdChange_Click(int index);
 

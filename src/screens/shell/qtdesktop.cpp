@@ -13,6 +13,11 @@ bool QtDesktop::openUrl(const QString& url)
     return QDesktopServices::openUrl(QUrl(url));
 }
 
+bool QtDesktop::openFile(const QString& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
 void QtDesktop::setClipboardText(const QString& text)
 {
     QGuiApplication::clipboard()->setText(text);

@@ -5,12 +5,14 @@
 namespace tresvane
 {
 
-// The browser through QDesktopServices, the clipboard through QClipboard.
+// The browser and the programs for documents through QDesktopServices, the clipboard
+// through QClipboard.
 class QtDesktop final : public Desktop
 {
 public:
     bool openUrl(const QString& url) override;
     void setClipboardText(const QString& text) override;
+    bool openFile(const QString& path) override;
 };
 
 } // namespace tresvane

@@ -4,9 +4,11 @@
 #include "core/ports/clock.h"
 #include "core/ports/dialogs.h"
 #include "core/ports/seriallink.h"
+#include "core/state/dispatchingvariables.h"
 #include "screens/shell/flexgrid.h"
 #include "screens/shell/named.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -53,6 +55,13 @@ frmCallID::frmCallID(CoreContext& ctx, SerialLink& link, QWidget* parent)
     summary->addLayout(counts);
 
     Image1 = named(new QLabel(QStringLiteral("Monitoring..."), this), QStringLiteral("Image1"));
+    // The sign blinks: the room stays while it is off, so the screen does not jump.
+    QSizePolicy keep = Image1->sizePolicy();
+    keep.setRetainSizeWhenHidden(true);
+    Image1->setSizePolicy(keep);
+    Image1->setCursor(Qt::PointingHandCursor);
+    Image1->setToolTip(QStringLiteral("Click to dial the call on show"));
+    Image1->installEventFilter(this);
     imgLogo = named(new QPushButton(QStringLiteral("Click on the LOGO to Reset this Form"), this),
                     QStringLiteral("imgLogo"));
     cmdDial = named(new QPushButton(QStringLiteral("&Dial"), this), QStringLiteral("cmdDial"));
@@ -155,12 +164,14 @@ void frmCallID::ShowCall(int callNo)
 
 void frmCallID::Tick()
 {
+    c.v.gCallerID = true;
     if (m_firstTick) {
         m_firstTick = false;
         const QByteArray answer = m_link.readAll();
         cmdExit->setEnabled(true);
         // A modem that does not answer OK has no caller ID: the watch stops without a word.
         m_callerId = answer.contains("OK");
+        c.v.gCallerID = m_callerId;
         if (m_callerId) m_timer.start(m_laterMs);
         return;
     }
@@ -211,6 +222,29 @@ void frmCallID::cmdDial_Click()
     const QString name = fgCallSummary->textMatrix(row, 2);
     LeaveMonitoring();
     emit dialRequested(name, number);
+}
+
+void frmCallID::Image1_Click()
+{
+    // Before any call the labels hold their captions: there is no one to dial.
+    if (lblName->text() == QStringLiteral("Name")) return;
+    const QString name = lblName->text();
+    const QString number = lblNumber->text();
+    LeaveMonitoring();
+    emit dialRequested(name, number);
+}
+
+bool frmCallID::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Image1) {
+        // The press is taken, so the release comes back here and clicks.
+        if (event->type() == QEvent::MouseButtonPress) return true;
+        if (event->type() == QEvent::MouseButtonRelease) {
+            Image1_Click();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void frmCallID::cmdClear_Click()

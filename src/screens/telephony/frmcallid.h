@@ -35,7 +35,7 @@ public:
     QLabel* lblTime;
     std::array<QLabel*, 4> lblCount{}; // 0 and 3 stored calls, 1 customers, 2 others
     QSpinBox* updnCalls;
-    QLabel* Image1;          // blinks while the modem is watched
+    QLabel* Image1;          // blinks while the modem is watched; a click dials the call on show
     QPushButton* imgLogo;    // "Click on the LOGO to Reset this Form"
     QPushButton* cmdDial;    // dial the grid's current call
     QPushButton* cmdClear;   // "&Clear All Calls"
@@ -51,6 +51,8 @@ public:
     void ResetDisplay();
 
     void cmdDial_Click();
+    // The blinking sign: the dialer for the call on show in the labels.
+    void Image1_Click();
     void cmdClear_Click();
     void mnuSummary_Click();
     void cmdExit_Click();
@@ -74,6 +76,7 @@ signals:
 
 protected:
     void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Tick();

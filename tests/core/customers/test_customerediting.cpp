@@ -394,8 +394,9 @@ void TestCustomerEditing::saveCustomerPublishes()
     boxes.lbLType = QStringLiteral("Individual");
     f.v.gCustomer.setText(CustomerField::AccountType, storedType);
     SaveCustomer(boxes, usa, f.v);
-    const QStringList got = {f.v.gCurAccount, f.v.gCurName, f.v.gCurAddress1, f.v.gCurAddress2,
-                             f.v.gCurState,   f.v.gCurCity, f.v.gCurZip,      f.v.gCurPhone};
+    const QStringList got = {f.v.current.account,  f.v.current.name,  f.v.current.address1,
+                             f.v.current.address2, f.v.current.state, f.v.current.city,
+                             f.v.current.zip,      f.v.current.phone};
     QCOMPARE(got, expected);
 }
 

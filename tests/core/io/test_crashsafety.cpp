@@ -65,10 +65,10 @@ QByteArray records(int count, int length, char first)
 
 void customerInHand(ProgramFolder& f)
 {
-    f.v.Mode = 2;
+    f.v.Mode = Mode::ServiceSlip;
     f.v.CurrentTeam = "2";
-    f.v.gCurAccount = "A-100";
-    f.v.gCurName = "Ada Byron";
+    f.v.current.account = "A-100";
+    f.v.current.name = "Ada Byron";
     f.v.settings.ckSlipStyle = 1;
     f.v.gJulianDay = "120";
     f.v.gSequence = 1;
@@ -151,14 +151,14 @@ Routine booking()
                 grid.fill(NoEventScheduled());
                 grid[3] = grid[4] = "SA120-1 Ada Byron";
                 WriteSlots(f.v, grid);
-                BookingScreen s;
-                s.calendarDate = QDate(2026, 5, 5);
-                s.EventText = "SA120-1 Ada Byron";
-                s.txtTime = "2";
-                s.currentRow = 4;
-                s.SlipNumber = f.v.gConfirmation;
-                s.cboService = "Leaking tap";
-                s.FromStoredSlip = -1;
+                BookingRequest s = NewBookingRequest(f.v);
+                s.date = QDate(2026, 5, 5);
+                s.eventText = "SA120-1 Ada Byron";
+                s.hours = "2";
+                s.firstSlot = 4;
+                s.number = f.v.gConfirmation;
+                s.problem = "Leaking tap";
+                s.fromStoredSlip = true;
                 s.storedSlipRow = 1;
                 return SaveBooking(f.ctx, s).status();
             },

@@ -52,10 +52,10 @@ void workADay(const QString& root)
     CoreContext c{store, clock, dialogs, v};
     BuildTimeLabels(v);
 
-    v.Mode = 2;
+    v.Mode = Mode::ServiceSlip;
     v.CurrentTeam = "2";
-    v.gCurAccount = "A-100";
-    v.gCurName = "Ada Byron";
+    v.current.account = "A-100";
+    v.current.name = "Ada Byron";
     v.settings.ckSlipStyle = 1;
     v.gJulianDay = "120";
     v.gSequence = 90;
@@ -64,13 +64,13 @@ void workADay(const QString& root)
     grid.fill(NoEventScheduled());
     grid[9] = "SA120-90 Ada Byron";
     WriteSlots(v, grid);
-    BookingScreen s;
-    s.calendarDate = QDate(2026, 5, 29);
-    s.EventText = grid[9];
-    s.txtTime = "1";
-    s.currentRow = 10;
-    s.SlipNumber = v.gConfirmation;
-    s.cboService = "No Heat";
+    BookingRequest s = NewBookingRequest(v);
+    s.date = QDate(2026, 5, 29);
+    s.eventText = grid[9];
+    s.hours = "1";
+    s.firstSlot = 10;
+    s.number = v.gConfirmation;
+    s.problem = "No Heat";
     dialogs.expectContaining("has been Scheduled");
     Result<BookingSaved> saved = SaveBooking(c, s);
     QVERIFY2(saved.ok(), qPrintable(saved.message()));

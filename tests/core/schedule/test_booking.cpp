@@ -15,15 +15,15 @@ namespace
 // A customer in hand and a counter standing at SA120-1, as after the customer screen.
 void customerInHand(ProgramFolder& f, qint16 mode)
 {
-    f.v.Mode = mode;
+    f.v.Mode = Mode(mode);
     f.v.CurrentTeam = "2";
-    f.v.gCurAccount = "A-100";
-    f.v.gCurName = "Ada Byron";
-    f.v.gCurAddress1 = "12 Mill Road";
-    f.v.gCurCity = "Greenfield";
-    f.v.gCurState = "OH";
-    f.v.gCurZip = "45123";
-    f.v.gCurPhone = "(555)123-4567";
+    f.v.current.account = "A-100";
+    f.v.current.name = "Ada Byron";
+    f.v.current.address1 = "12 Mill Road";
+    f.v.current.city = "Greenfield";
+    f.v.current.state = "OH";
+    f.v.current.zip = "45123";
+    f.v.current.phone = "(555)123-4567";
     f.v.settings.ckSlipStyle = 1;
     f.v.gJulianDay = "120";
     f.v.gSequence = 1;
@@ -31,20 +31,20 @@ void customerInHand(ProgramFolder& f, qint16 mode)
 }
 
 // The screen after a click on `row` with `hours` hours: the text on the grid, WriteSlots run.
-BookingScreen clicked(ProgramFolder& f, const QString& text, int row, int hours)
+BookingRequest clicked(ProgramFolder& f, const QString& text, int row, int hours)
 {
     GridColumn grid;
     grid.fill(NoEventScheduled());
     for (int r = row; r < row + hours; ++r)
         grid[r - 1] = text;
     WriteSlots(f.v, grid);
-    BookingScreen s;
-    s.calendarDate = QDate(2026, 5, 5); // day 125
-    s.EventText = text;
-    s.txtTime = QString::number(hours);
-    s.currentRow = row;
-    s.SlipNumber = f.v.gConfirmation;
-    s.cboService = "Leaking tap";
+    BookingRequest s = NewBookingRequest(f.v);
+    s.date = QDate(2026, 5, 5); // day 125
+    s.eventText = text;
+    s.hours = QString::number(hours);
+    s.firstSlot = row;
+    s.number = f.v.gConfirmation;
+    s.problem = "Leaking tap";
     return s;
 }
 } // namespace
@@ -162,8 +162,8 @@ void TestBooking::noTimeSelectedWritesNothing()
 {
     ProgramFolder f;
     customerInHand(f, 2);
-    BookingScreen s = clicked(f, "SA120-1 Ada Byron", 4, 1);
-    s.EventText = NoSlotSelected();
+    BookingRequest s = clicked(f, "SA120-1 Ada Byron", 4, 1);
+    s.eventText = NoSlotSelected();
     const auto before = f.snapshot();
     f.dialogs.expect("You have not selected a Time for this Event", "Click on a Time");
     QCOMPARE(*SaveBooking(f.ctx, s), BookingSaved::NoTimeSelected);
@@ -177,8 +177,8 @@ void TestBooking::storedSlipKeepsTheNumber()
 {
     ProgramFolder f;
     customerInHand(f, 2);
-    BookingScreen s = clicked(f, "SA120-1 Ada Byron", 4, 2);
-    s.ckSaveUnscheduled = true;
+    BookingRequest s = clicked(f, "SA120-1 Ada Byron", 4, 2);
+    s.unscheduled = true;
     f.dialogs.expect("An Open Slip has been Created\n"
                      "If you clicked on an hour BEFORE selecting to create\n"
                      "an unscheduled slip, the hours will be reset (cleared)");
@@ -197,8 +197,8 @@ void TestBooking::lastStoredSlipScheduledRemovesTheFile()
     f.v.gSlip.setText(SlipField::Name, "Stored one");
     f.put("UnscheduledSlips.txt", f.v.gSlip.bytes());
     f.put("Backup/UnscheduledSlips.txt", f.v.gSlip.bytes());
-    BookingScreen s = clicked(f, "SA120-1 Ada Byron", 1, 1);
-    s.FromStoredSlip = -1;
+    BookingRequest s = clicked(f, "SA120-1 Ada Byron", 1, 1);
+    s.fromStoredSlip = true;
     s.storedSlipRow = 1;
     f.dialogs.expect("Service  Attention SA120-1 has been Scheduled", "Confirmation");
     f.dialogs.expect("This will Delete the Selected Slip Record", "Record Deletion", Answer::Yes);
@@ -213,7 +213,7 @@ void TestBooking::failedRecordWriteTakesNoNumber()
     ProgramFolder f;
     customerInHand(f, 2);
     QDir().mkpath(f.abs("Slips.txt")); // a folder where the record file should be
-    BookingScreen s = clicked(f, "SA120-1 Ada Byron", 4, 1);
+    BookingRequest s = clicked(f, "SA120-1 Ada Byron", 4, 1);
     Result<BookingSaved> saved = SaveBooking(f.ctx, s);
     QVERIFY(!saved.ok());
     QVERIFY(saved.message().contains("Slips.txt"));
@@ -249,7 +249,7 @@ void TestBooking::numberAtItsLimitSavesNothing()
     f.v.gConfirmation = confirmation;
     f.put("Counter.txt", "\"120\",32767\r\n");
     f.put("SlipNo.txt", "32767\r\n");
-    const BookingScreen s = clicked(f, confirmation + " Ada Byron", 4, 1);
+    const BookingRequest s = clicked(f, confirmation + " Ada Byron", 4, 1);
     const auto before = f.snapshot();
     for (int click = 0; click < 2; ++click) {
         Result<BookingSaved> saved = SaveBooking(f.ctx, s);

@@ -36,7 +36,7 @@ private slots:
     void readBothLineForms();
     void readDayToSlotsNeedsTwelveFields();
     void writeDayFileQuotesAndWipesContractEvents();
-    void bareWriterKeepsTheCommaQuirk();
+    void bareWriterQuotesATextWithAComma();
     void writeSlots_data();
     void writeSlots();
     void checkforSlots_data();
@@ -182,20 +182,21 @@ void TestDayFiles::writeDayFileQuotesAndWipesContractEvents()
     QCOMPARE(f.v.DayFilePath, QString("/2026/Team#2/120.txt"));
 }
 
-void TestDayFiles::bareWriterKeepsTheCommaQuirk()
+void TestDayFiles::bareWriterQuotesATextWithAComma()
 {
     ProgramFolder f;
     std::array<QString, 12> lines;
     lines.fill(kFree);
     lines[0] = "Recurring Event - Byron, Ada";
+    lines[1] = "Recurring Event - Byron, Ada";
     QVERIFY(f.store.EnsureFolder("/2026").ok());
     QVERIFY(f.store.EnsureFolder("/2026/Team#1").ok());
     QVERIFY(WriteBareDayFile(f.store, "/2026/Team#1/121.txt", lines).ok());
     QCOMPARE(f.get("2026/Team#1/121.txt"),
-             "Recurring Event - Byron, Ada\r\n" + repeat(kBareFree, 11));
+             repeat("\"Recurring Event - Byron, Ada\"\r\n", 2) + repeat(kBareFree, 10));
     QVERIFY(LoadDay(f.ctx, QDate(2026, 5, 1), "1").ok());
-    QCOMPARE(f.v.DaySlots[1], QString("Recurring Event - Byron"));
-    QCOMPARE(f.v.DaySlots[2], QString("Ada"));
+    QCOMPARE(f.v.DaySlots[1], QString("Recurring Event - Byron, Ada"));
+    QCOMPARE(f.v.DaySlots[2], QString("Recurring Event - Byron, Ada"));
     QCOMPARE(f.v.DaySlots[3], kFree);
 }
 

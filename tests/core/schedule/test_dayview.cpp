@@ -47,6 +47,15 @@ QString names(const DayView& v)
 }
 } // namespace
 
+// The view as the Scheduling Screen builds it: the day's records, then the view of them.
+Result<DayView> dayView(ProgramFolder& f, const QDate& date, const QString& team,
+                        const GridColumn& grid)
+{
+    Result<QList<SlipRecord>> records = ReadDayRecords(f.store, date, team);
+    if (!records) return records.status();
+    return DayViewOf(*records, grid);
+}
+
 class TestDayView : public QObject
 {
     Q_OBJECT
@@ -54,6 +63,7 @@ private slots:
     void recordsOfTheDay();
     void readingStopsOnceEveryHourIsAccounted();
     void textMessage();
+    void teamDayHoldsSlotsAndWholeRecords();
 };
 
 void TestDayView::recordsOfTheDay()
@@ -65,7 +75,7 @@ void TestDayView::recordsOfTheDay()
                            slip("Late", "05/05/2026", "2", 11, 4) + // runs past the day
                            slip("Zero", "05/05/2026", "2", 0, 1));  // a slot that does not exist
     f.put("Meetings.txt", slip("Days", "5/5/2026", "2", 4, 1, "Days"));
-    Result<DayView> v = BuildDayView(f.ctx, kDay, " 2 ", gridWithFree(0));
+    Result<DayView> v = dayView(f, kDay, " 2 ", gridWithFree(0));
     QVERIFY2(v, qPrintable(v.message()));
     QCOMPARE(names(*v), QString("Anna Anna - Days Days Days Days Days Days Days Days Late"));
     const DayViewSlot& anna = v->hours[1];
@@ -82,13 +92,12 @@ void TestDayView::readingStopsOnceEveryHourIsAccounted()
 {
     ProgramFolder f;
     // No file at all is an empty day.
-    QCOMPARE(names(*BuildDayView(f.ctx, kDay, "1", gridWithFree(12))),
-             QString("- - - - - - - - - - - -"));
+    QCOMPARE(names(*dayView(f, kDay, "1", gridWithFree(12))), QString("- - - - - - - - - - - -"));
     f.put("Slips.txt", slip("One", "05/05/2026", "1", 1, 1) + slip("Two", "05/05/2026", "1", 2, 1));
     // Twelve free rows already count 12: the first record makes 13 and the second is not read.
-    Result<DayView> v = BuildDayView(f.ctx, kDay, "1", gridWithFree(12));
+    Result<DayView> v = dayView(f, kDay, "1", gridWithFree(12));
     QCOMPARE(names(*v), QString("One - - - - - - - - - - -"));
-    Result<DayView> w = BuildDayView(f.ctx, kDay, "1", gridWithFree(10));
+    Result<DayView> w = dayView(f, kDay, "1", gridWithFree(10));
     QCOMPARE(names(*w), QString("One Two - - - - - - - - - -"));
     QCOMPARE(w->counter, 12);
 }
@@ -107,6 +116,35 @@ void TestDayView::textMessage()
     // A start slot no grid has leaves the hour empty rather than reading past the labels.
     r.setText(SlipField::StartSlot, "13");
     QVERIFY(SlipTextMessage(r, v).contains("\r\nat \r\n"));
+}
+
+void TestDayView::teamDayHoldsSlotsAndWholeRecords()
+{
+    ProgramFolder f;
+    BuildTimeLabels(f.v);
+    QByteArray anna = slip("Anna", "05/05/2026", "2", 1, 2);
+    anna.replace(10, 10, "SA125-1   "); // the confirmation number survives whole
+    // The day's last meeting is a record cut short, but past half its length: it counts,
+    // and the team check on the raw bytes must not pass over it.
+    const QByteArray cut = slip("Cut", "05/05/2026", "2", 6, 1).left(200);
+    f.put("Slips.txt", slip("Other", "05/05/2026", "3", 1, 1) + anna);
+    f.put("Meetings.txt", slip("Mtg", "05/05/2026", "2", 4, 1) + cut);
+    QStringList lines(12, "No Event Scheduled");
+    lines[0] = lines[1] = "SA125-1 Anna";
+    lines[3] = "Mtg - 09:00 - Mtg";
+    lines[5] = "Mtg - 11:00 - Cut";
+    f.put("2026/Team#2/125.txt", (lines.join("\r\n") + "\r\n").toLatin1());
+
+    Result<TeamDay> day = ReadTeamDay(f.ctx, kDay, "2");
+    QVERIFY2(day, qPrintable(day.message()));
+    QCOMPARE(day->slotTexts[0], QString("SA125-1 Anna"));
+    QCOMPARE(day->slotTexts[2], QString("No Event Scheduled"));
+    QCOMPARE(day->records.size(), 3);
+    QCOMPARE(day->records[0].bytes(), anna);
+    QCOMPARE(day->records[1].text(SlipField::Name), QString("Mtg"));
+    QCOMPARE(day->records[2].text(SlipField::Name), QString("Cut"));
+    QCOMPARE(names(DayViewOf(day->records, day->slotTexts)),
+             QString("Anna Anna - Mtg - Cut - - - - - -"));
 }
 
 QTEST_GUILESS_MAIN(TestDayView)

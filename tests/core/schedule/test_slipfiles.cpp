@@ -1,3 +1,4 @@
+#include "core/schedule/booking.h"
 #include "core/schedule/slipfiles.h"
 #include "programfolder.h"
 
@@ -46,25 +47,25 @@ private slots:
 void TestSlipFiles::serviceSlipByteForByte()
 {
     ProgramFolder f;
-    f.v.Mode = 2;
+    f.v.Mode = Mode::ServiceSlip;
     f.v.CurrentTeam = "3";
-    f.v.gCurAccount = "A-100";
-    f.v.gCurName = "Bartholomew Featherstonehaugh X"; // 31 characters
-    f.v.gCurAddress1 = "12 Mill Road";
-    f.v.gCurAddress2 = "Flat 2";
-    f.v.gCurCity = "Greenfield";
-    f.v.gCurState = "OH";
-    f.v.gCurZip = "45123";
-    f.v.gCurPhone = "(555)123-4567";
-    SlipScreenValues screen;
-    screen.currentDate = QDate(2026, 4, 30);
-    screen.lblMode = "Hours";
-    screen.txtTime = "2";
-    screen.currentRow = 4;
-    screen.SlipNumber = "SA120-7";
-    screen.cboService = "Leaking tap";
-    screen.EventText = "SA120-7 Bartholomew";
-    FillSlipRecord(f.v, screen);
+    f.v.current.account = "A-100";
+    f.v.current.name = "Bartholomew Featherstonehaugh X"; // 31 characters
+    f.v.current.address1 = "12 Mill Road";
+    f.v.current.address2 = "Flat 2";
+    f.v.current.city = "Greenfield";
+    f.v.current.state = "OH";
+    f.v.current.zip = "45123";
+    f.v.current.phone = "(555)123-4567";
+    BookingRequest screen = NewBookingRequest(f.v);
+    screen.date = QDate(2026, 4, 30);
+    screen.unit = "Hours";
+    screen.hours = "2";
+    screen.firstSlot = 4;
+    screen.number = "SA120-7";
+    screen.problem = "Leaking tap";
+    screen.eventText = "SA120-7 Bartholomew";
+    FillSlipRecord(f.v.gSlip, screen);
 
     const QByteArray expected =
         QByteArray("Service   ") + "SA120-7   " + "3 " + "Hours " + "2 " + "04/30/2026" + "4 " +
@@ -77,28 +78,28 @@ void TestSlipFiles::serviceSlipByteForByte()
     QCOMPARE(f.v.gSlip.bytes(), expected);
 
     QVERIFY(!f.has("Slips.txt"));
-    QVERIFY(AppendSlip(f.ctx, SlipsFileName()).ok());
+    QCOMPARE(CountSlipRecords(f.store, SlipsFileName()).valueOr(-1), 0);
+    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
     QCOMPARE(f.get("Slips.txt"), expected);
-    QCOMPARE(f.v.gRecordCount, 0);
-    QCOMPARE(f.v.gNextRecord, 1);
-    QVERIFY(AppendSlip(f.ctx, SlipsFileName()).ok());
+    QCOMPARE(CountSlipRecords(f.store, SlipsFileName()).valueOr(-1), 1);
+    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
     QCOMPARE(f.get("Slips.txt"), expected + expected);
-    QCOMPARE(f.v.gNextRecord, 2);
+    QCOMPARE(CountSlipRecords(f.store, SlipsFileName()).valueOr(-1), 2);
 }
 
 void TestSlipFiles::meetingReferenceIsCut()
 {
     ProgramFolder f;
-    f.v.Mode = 7;
+    f.v.Mode = Mode::Meeting;
     f.v.gSlip.setText(SlipField::ConfirmationNo, "SA1-1"); // left by an earlier slip
-    SlipScreenValues screen;
-    screen.currentDate = QDate(2026, 1, 2);
-    screen.lblMode = "Hours";
-    screen.txtTime = "1";
-    screen.currentRow = 7;
-    screen.cboService = "not used for meetings";
-    screen.EventText = "Mtg - 01:00 - Maximilian Featherstonehaugh";
-    FillSlipRecord(f.v, screen);
+    BookingRequest screen = NewBookingRequest(f.v);
+    screen.date = QDate(2026, 1, 2);
+    screen.unit = "Hours";
+    screen.hours = "1";
+    screen.firstSlot = 7;
+    screen.problem = "not used for meetings";
+    screen.eventText = "Mtg - 01:00 - Maximilian Featherstonehaugh";
+    FillSlipRecord(f.v.gSlip, screen);
     const QByteArray bytes = f.v.gSlip.bytes();
     QCOMPARE(bytes.mid(0, 10), QByteArray("Meeting   "));
     QCOMPARE(bytes.mid(10, 10), QByteArray(10, ' '));
@@ -110,14 +111,14 @@ void TestSlipFiles::meetingReferenceIsCut()
 void TestSlipFiles::otherModesKeepTypeAndNumber()
 {
     ProgramFolder f;
-    f.v.Mode = 9;
+    f.v.Mode = Mode::StoredSlips;
     f.v.gSlip.setText(SlipField::RecType, "Reoccuring");
     f.v.gSlip.setText(SlipField::ConfirmationNo, "SA5-2");
     f.v.gSlip.setText(SlipField::Reference, "old text");
-    SlipScreenValues screen;
-    screen.currentDate = QDate(2026, 1, 2);
-    screen.cboService = "Leaking tap";
-    FillSlipRecord(f.v, screen);
+    BookingRequest screen = NewBookingRequest(f.v);
+    screen.date = QDate(2026, 1, 2);
+    screen.problem = "Leaking tap";
+    FillSlipRecord(f.v.gSlip, screen);
     QCOMPARE(f.v.gSlip.text(SlipField::RecType), QString("Reoccuring"));
     QCOMPARE(f.v.gSlip.text(SlipField::ConfirmationNo), QString("SA5-2"));
     QCOMPARE(f.v.gSlip.text(SlipField::Reference), QString());
@@ -180,9 +181,7 @@ void TestSlipFiles::countRoundsAPartialRecord()
     QFETCH(int, count);
     ProgramFolder f;
     f.put("Meetings.txt", QByteArray(bytes, 'x'));
-    QVERIFY(CountSlipRecords(f.ctx, MeetingsFileName()).ok());
-    QCOMPARE(f.v.gRecordCount, count);
-    QCOMPARE(f.v.gNextRecord, count + 1);
+    QCOMPARE(CountSlipRecords(f.store, MeetingsFileName()).valueOr(-1), count);
     QCOMPARE(f.get("Meetings.txt").size(), bytes); // counting writes nothing
 }
 
@@ -203,7 +202,7 @@ void TestSlipFiles::appendAfterAPartialRecord()
     const QByteArray second = slip("Service", "SA1-2", "01/05/2026");
     f.put("Slips.txt", first + QByteArray(tail, 'y'));
     f.v.gSlip = SlipRecord(second);
-    QVERIFY(AppendSlip(f.ctx, SlipsFileName()).ok());
+    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
     QCOMPARE(f.get("Slips.txt"), first + between + second);
 }
 
@@ -213,7 +212,7 @@ void TestSlipFiles::appendBringsALostFileBackFirst()
     const QByteArray old = slip("Service", "SA1-1", "01/05/2026");
     f.put("Backup/Slips.txt", old);
     f.v.gSlip = SlipRecord(slip("Service", "SA1-2", "01/05/2026"));
-    QVERIFY(AppendSlip(f.ctx, SlipsFileName()).ok());
+    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
     QCOMPARE(f.get("Slips.txt"), old + f.v.gSlip.bytes());
 }
 

@@ -47,9 +47,13 @@ void TestStartup::firstStartMakesTheFolderTree()
           "Backup/TVActiveAccountsBACK", "Backup/TresvaneDispatcher", "Templates",
           "Templates/Contracts", "AuxFiles"})
         QVERIFY2(f.hasFolder(folder), folder);
-    QCOMPARE(f.snapshot().size(), 0); // folders only, no file
-    // A second start changes nothing.
+    // Folders only, and the contract template the program brings.
+    QCOMPARE(f.snapshot().keys(), QStringList{"Templates/Contracts/GenericContract.rtf"});
+    // A second start changes nothing, and a template of the user's own stays.
+    f.put("Templates/Contracts/GenericContract.rtf", "{\\rtf1 ours}");
     QVERIFY(BuildFolders(f.ctx).ok());
+    QCOMPARE(f.snapshot().keys(), QStringList{"Templates/Contracts/GenericContract.rtf"});
+    QCOMPARE(f.get("Templates/Contracts/GenericContract.rtf"), QByteArray("{\\rtf1 ours}"));
 }
 
 void TestStartup::auxFoldersComeBack()

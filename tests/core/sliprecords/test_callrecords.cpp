@@ -265,10 +265,10 @@ void TestCallRecords::loadRecData()
     // Stored back trimmed, and the amount in its currency form.
     QCOMPARE(f.v.gSlip.rawText(SlipField::Name), QString("Ada Byron").leftJustified(30));
     QCOMPARE(f.v.gSlip.rawText(SlipField::Amount), QString("$0.00     "));
-    QCOMPARE(f.v.gCurName, QString("Ada Byron"));
-    QCOMPARE(f.v.gCurAddress1, QString("12 Mill Road"));
-    QCOMPARE(f.v.gCurAddress2, QString("Flat 2"));
-    QCOMPARE(f.v.gCurAccount, QString("A-100"));
+    QCOMPARE(f.v.current.name, QString("Ada Byron"));
+    QCOMPARE(f.v.current.address1, QString("12 Mill Road"));
+    QCOMPARE(f.v.current.address2, QString("Flat 2"));
+    QCOMPARE(f.v.current.account, QString("A-100"));
 }
 
 // Which records stay in the file after a delete, and which reach CompletedSlips.txt.

@@ -95,7 +95,7 @@ struct Screen {
         pf.v.gBusiness[5] = QStringLiteral("61820");
         pf.v.gBusiness[6] = QStringLiteral("217-555-9999");
         if (!w) w = std::make_unique<frmCustomer>(pf.ctx);
-        pf.v.Mode = mode;
+        pf.v.Mode = Mode(mode);
         w->show();
         w->Form_Activate();
     }
@@ -160,9 +160,9 @@ void TestFrmCustomer::businessWithoutAccountTakesItsTelephone()
     QCOMPARE(stored.left(20), padded("217-555-0142", 20));
     QCOMPARE(stored.mid(20, 45), padded("Acme Heating", 45));
     QCOMPARE(stored.mid(314, 10), padded("Business", 10));
-    QCOMPARE(s.pf.v.gCurAccount, QStringLiteral("217-555-0142"));
-    QCOMPARE(s.pf.v.gCurName, QStringLiteral("Acme Heating"));
-    QCOMPARE(s.pf.v.gCurCity, QStringLiteral("Champaign"));
+    QCOMPARE(s.pf.v.current.account, QStringLiteral("217-555-0142"));
+    QCOMPARE(s.pf.v.current.name, QStringLiteral("Acme Heating"));
+    QCOMPARE(s.pf.v.current.city, QStringLiteral("Champaign"));
     // A new account reaches the parallel files with their defaults.
     QCOMPARE(recordOf(s.pf.get(kContracts), kContractRecordLength, 3).left(35),
              padded("None Selected", 35));

@@ -207,7 +207,7 @@ void TestHistoryScreens::menuEntriesAndCustomerHistory()
     App app(f.root(), f.clock, f.dialogs, desktop);
     app.OpenEntry(10);
     QVERIFY(app.history && app.history->isVisible());
-    QCOMPARE(app.v.Mode, qint16(11));
+    QCOMPARE(app.v.Mode, Mode::History);
     QVERIFY(!app.history->ckAccount->isChecked());
     QCOMPARE(app.history->fgSHistory->rows(), 4);
 
@@ -224,7 +224,7 @@ void TestHistoryScreens::menuEntriesAndCustomerHistory()
     f.dialogs.expect("No Service Slips were found");
     app.OpenEntry(0);
     QVERIFY(app.callBack && app.callBack->isVisible());
-    QCOMPARE(app.v.Mode, qint16(1));
+    QCOMPARE(app.v.Mode, Mode::ReminderCalls);
     VERIFY_DIALOGS(f.dialogs);
 }
 

@@ -1,5 +1,6 @@
 #include "programfolder.h"
 #include "recordingdesktop.h"
+#include "scriptedprintdialogs.h"
 
 #include "app/app.h"
 #include "core/io/customerrecords.h"
@@ -8,6 +9,7 @@
 #include "core/schedule/dayfiles.h"
 #include "screens/schedule/dayviewframe.h"
 #include "screens/schedule/frmmain.h"
+#include "screens/schedule/invoicetypeframe.h"
 #include "screens/schedule/storedslipsframe.h"
 #include "screens/schedule/teammonthframe.h"
 #include "screens/shell/flexgrid.h"
@@ -51,6 +53,7 @@ QByteArray freeLines(int n)
 struct Screen {
     ProgramFolder f;
     RecordingDesktop desktop;
+    ScriptedPrintDialogs printDialogs;
     std::unique_ptr<frmMain> w;
 
     explicit Screen(qint16 mode, QDateTime now = QDateTime(QDate(2026, 4, 30), QTime(9, 0)))
@@ -64,16 +67,16 @@ struct Screen {
         v.gJulianDay = "120";
         v.gSequence = 1;
         v.gConfirmation = "SA120-1";
-        v.gCurAccount = "A-100";
-        v.gCurName = "Ada Byron";
-        v.gCurAddress1 = "12 Mill Road";
-        v.gCurAddress2 = "Unit 3";
-        v.gCurCity = "Greenfield";
-        v.gCurState = "OH";
-        v.gCurZip = "45123";
-        v.gCurPhone = "(555)123-4567";
-        v.Mode = mode;
-        w = std::make_unique<frmMain>(f.ctx, desktop);
+        v.current.account = "A-100";
+        v.current.name = "Ada Byron";
+        v.current.address1 = "12 Mill Road";
+        v.current.address2 = "Unit 3";
+        v.current.city = "Greenfield";
+        v.current.state = "OH";
+        v.current.zip = "45123";
+        v.current.phone = "(555)123-4567";
+        v.Mode = Mode(mode);
+        w = std::make_unique<frmMain>(f.ctx, desktop, printDialogs);
         w->show();
         w->Form_Activate();
     }
@@ -350,7 +353,7 @@ void TestFrmMain::openingDate()
     QFETCH(QDate, opens);
     Screen s(0, now);
     s.f.v.gWorkDays = quint8(workDays);
-    s.f.v.Mode = 2;
+    s.f.v.Mode = Mode::ServiceSlip;
     s.w->Form_Activate();
     QCOMPARE(s.w->Calender->selectedDate(), opens);
     QCOMPARE(s.w->currentDate(), opens);
@@ -478,9 +481,9 @@ void TestFrmMain::rescheduleTakesTheOldSlipsTeamAndHours()
     s.f.v.gSlip.setText(SlipField::TeamNo, "3");
     s.f.v.gSlip.setText(SlipField::Hours, "4");
     s.f.v.gSlip.setText(SlipField::Reference, "Boiler service");
-    s.f.v.Mode = 10;
+    s.f.v.Mode = Mode::Reschedule;
     s.w->Form_Activate();
-    QCOMPARE(s.f.v.Mode, qint16(2));
+    QCOMPARE(s.f.v.Mode, Mode::ServiceSlip);
     QCOMPARE(s.w->lstTeam->currentRow(), 2);
     QCOMPARE(s.f.v.CurrentTeam, QString("3"));
     QCOMPARE(s.w->cboService->currentText(), QString("Boiler service"));
@@ -488,9 +491,9 @@ void TestFrmMain::rescheduleTakesTheOldSlipsTeamAndHours()
     QCOMPARE(s.w->Rescheduling, qint16(0));
     // A meeting found by the record screen is booked again as a meeting.
     s.w->rescheduleMeeting = true;
-    s.f.v.Mode = 10;
+    s.f.v.Mode = Mode::Reschedule;
     s.w->Form_Activate();
-    QCOMPARE(s.f.v.Mode, qint16(7));
+    QCOMPARE(s.f.v.Mode, Mode::Meeting);
     QCOMPARE(s.w->lstTeam->currentRow(), 0);
 }
 
@@ -525,7 +528,8 @@ void TestFrmMain::activationByMode()
     QCOMPARE(s.w->fraInvoiceType->isVisible(), mode == 5);
     QCOMPARE(s.w->cmdView_0->isEnabled(), mode != 3);
     QCOMPARE(s.w->mnuTeamCal->isVisible(), mode != 3);
-    QVERIFY(!s.w->cmdPrint->isEnabled());
+    // Printing is the routine of the print modes only.
+    QCOMPARE(s.w->cmdPrint->isEnabled(), mode == 3 || mode == 5);
     QVERIFY(!s.w->cmdSaveTextMessage->isEnabled());
     QCOMPARE(s.w->lstTeam->count(), teams);
     QCOMPARE(s.w->lstTeam->currentRow(), 0);
@@ -588,17 +592,17 @@ void TestFrmMain::lastStoredSlipScheduledClosesTheMenuEntry()
     QTest::mouseClick(run.app->startup->lblSub[8], Qt::LeftButton);
     frmMain* w = run.app->mainForm;
     QVERIFY(w && w->isVisible());
-    QCOMPARE(run.app->v.Mode, qint16(9));
+    QCOMPARE(run.app->v.Mode, Mode::StoredSlips);
     QVERIFY(w->fraUnscheduled->isVisible());
     QVERIFY(!w->fgHours->isVisible());
     QCOMPARE(w->fraUnscheduled->fgUnscheduled->rows(), 1);
     QCOMPARE(w->fraUnscheduled->fgUnscheduled->textMatrix(0, 1), QString("9 Elm St"));
 
     QTest::mouseClick(w->fraUnscheduled->cmdUnscheduled[1], Qt::LeftButton);
-    QCOMPARE(run.app->v.Mode, qint16(2));
+    QCOMPARE(run.app->v.Mode, Mode::ServiceSlip);
     QVERIFY(!w->fraUnscheduled->isVisible());
     QVERIFY(w->fgHours->isVisible());
-    QCOMPARE(run.app->v.gCurAddress1, QString("9 Elm St"));
+    QCOMPARE(run.app->v.current.address1, QString("9 Elm St"));
     QCOMPARE(w->txtName->text(), QString("Cy Twombly"));
 
     const QModelIndex index = w->fgHours->model()->index(6, 1);
@@ -665,7 +669,7 @@ void TestFrmMain::storedSlipIsBookedWithItsOwnCustomer()
     di.setText(SlipField::Apt, "Rear door");
     di.setText(SlipField::Reference, "Boiler knocks");
     s.f.put("UnscheduledSlips.txt", cy + di.bytes());
-    s.f.v.Mode = 9;
+    s.f.v.Mode = Mode::StoredSlips;
     s.w->Form_Activate();
     s.w->fraUnscheduled->fgUnscheduled->selectRow(1);
     QTest::mouseClick(s.w->fraUnscheduled->cmdUnscheduled[1], Qt::LeftButton);
@@ -698,20 +702,20 @@ void TestFrmMain::menuAndCustomerBringTheScreen()
     QTest::mouseClick(run.app->startup->lblSub[2], Qt::LeftButton);
     frmMain* w = run.app->mainForm;
     QVERIFY(w && w->isVisible());
-    QCOMPARE(run.app->v.Mode, qint16(3));
+    QCOMPARE(run.app->v.Mode, Mode::WorkSchedules);
     QCOMPARE(w->windowTitle(), QString("Print Setup Screen"));
     QTest::mouseClick(w->cmdExit, Qt::LeftButton);
     QVERIFY(!w->isVisible());
     QVERIFY(run.app->startup && run.app->startup->isVisible());
 
     QTest::mouseClick(run.app->startup->lblSub[4], Qt::LeftButton);
-    QCOMPARE(run.app->v.Mode, qint16(5));
+    QCOMPARE(run.app->v.Mode, Mode::Invoices);
     QCOMPARE(w->windowTitle(), QString("Print Invoices Screen"));
     QTest::mouseClick(w->cmdExit, Qt::LeftButton);
 
     // The customer screen hands over with the Mode its menu entry set.
-    run.app->v.Mode = 7;
-    run.app->v.gCurName = "Ada Byron";
+    run.app->v.Mode = Mode::Meeting;
+    run.app->v.current.name = "Ada Byron";
     run.app->ShowMainForCustomer();
     QVERIFY(w->isVisible());
     QVERIFY(!run.app->startup);

@@ -8,6 +8,8 @@
 #include "core/customers/customerfiles.h"
 #include "core/io/sliprecord.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/frmmain.h"
 #include "screens/setup/frmsetup.h"
@@ -22,6 +24,7 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -128,7 +131,7 @@ class TestDayFlow : public QObject
 private slots:
     void initTestCase() { ScreenFrame::setGeometryKept(false); }
     void bookThenRescheduleFromTheMenu();
-    void routinesWithoutAScreenStopAtTheCustomer();
+    void contractsAndWorkOrdersGoOnFromTheCustomer();
     void closeBoxAsksAboutUnsavedEdits_data();
     void closeBoxAsksAboutUnsavedEdits();
 };
@@ -166,7 +169,7 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     frmMain* w = app->mainForm;
     QVERIFY(w && w->isVisible());
     QVERIFY(!customer->isVisible());
-    QCOMPARE(app->v.Mode, qint16(2));
+    QCOMPARE(app->v.Mode, Mode::ServiceSlip);
     QCOMPARE(w->txtName->text(), QString("Hill Bakery"));
 
     // Team 2, Tuesday 5 May, three hours from the fourth slot.
@@ -200,7 +203,7 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     QCOMPARE(run.get("2026/Team#2/125.txt"), kFree.repeated(12));
     QVERIFY(w->isVisible());
     QVERIFY(!records->isVisible());
-    QCOMPARE(app->v.Mode, qint16(2));
+    QCOMPARE(app->v.Mode, Mode::ServiceSlip);
 
     book(w, run.dialogs, 0, QDate(2026, 5, 6), 2, 0, "SA120-5");
     VERIFY_DIALOGS(run.dialogs);
@@ -217,9 +220,9 @@ void TestDayFlow::bookThenRescheduleFromTheMenu()
     QVERIFY(app->startup && app->startup->isVisible());
 }
 
-// Contracts and work orders have no screen yet: the customer is saved and the user told,
-// and the customer screen stays.
-void TestDayFlow::routinesWithoutAScreenStopAtTheCustomer()
+// Contracts and work orders begin at the customer: the customer is saved and the routine's
+// screen comes up for it, and its return leads back to the menu.
+void TestDayFlow::contractsAndWorkOrdersGoOnFromTheCustomer()
 {
     for (int entry : {MenuEntry::ServiceContract, MenuEntry::WorkOrder}) {
         Installation run;
@@ -227,12 +230,25 @@ void TestDayFlow::routinesWithoutAScreenStopAtTheCustomer()
         QVERIFY(app->Main());
         app->OpenEntry(entry);
         QVERIFY(app->customer && app->customer->isVisible());
-        run.dialogs.expect("This routine is not available yet");
         QTest::mouseClick(app->customer->cmdCustomer[1], Qt::LeftButton);
         VERIFY_DIALOGS(run.dialogs);
-        QVERIFY(app->customer->isVisible());
+        QVERIFY(!app->customer->isVisible());
         QVERIFY(!app->mainForm);
         QCOMPARE(run.get("CustomerData.txt").left(3), QByteArray("A-7"));
+        QWidget* screen = entry == MenuEntry::ServiceContract
+                              ? static_cast<QWidget*>(app->contract.data())
+                              : static_cast<QWidget*>(app->workOrder.data());
+        QVERIFY(screen && screen->isVisible());
+        auto* name = screen->findChild<QLabel*>(entry == MenuEntry::ServiceContract
+                                                    ? QStringLiteral("lblCustomerName")
+                                                    : QStringLiteral("lblAccount"));
+        QVERIFY(name && name->text().contains(QStringLiteral("Hill Bakery")));
+        QTest::mouseClick(screen->findChild<QPushButton*>(entry == MenuEntry::ServiceContract
+                                                              ? QStringLiteral("cmdMenu")
+                                                              : QStringLiteral("cmdWO_0")),
+                          Qt::LeftButton);
+        QVERIFY(!screen->isVisible());
+        QVERIFY(app->startup && app->startup->isVisible());
     }
 }
 

@@ -207,7 +207,7 @@ void TestFirstRun::firstRunFromSplashToMenu()
     QTest::mouseClick(app->startup->lblSub[1], Qt::LeftButton);
     VERIFY_DIALOGS(run.dialogs);
     QVERIFY(app->customer && app->customer->isVisible());
-    QCOMPARE(app->v.Mode, 2);
+    QCOMPARE(app->v.Mode, Mode::ServiceSlip);
     QVERIFY(!app->startup);
     app->ShowMenu();
     QVERIFY(!app->customer->isVisible());

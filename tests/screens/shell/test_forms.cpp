@@ -9,6 +9,9 @@
 #include "screens/customers/customerauxpanel.h"
 #include "screens/customers/customersearchpanel.h"
 #include "screens/customers/frmcustomer.h"
+#include "screens/customers/storedcallpanel.h"
+#include "screens/documents/frmcontract.h"
+#include "screens/documents/frmworkorder.h"
 #include "screens/history/frmcallback.h"
 #include "screens/history/frmhistory.h"
 #include "screens/schedule/dayviewframe.h"
@@ -22,6 +25,7 @@
 #include "screens/shell/frmstartup.h"
 #include "screens/shell/screenframe.h"
 #include "screens/sliprecords/frmcallrecord.h"
+#include "screens/telephony/frmcallid.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -134,17 +138,21 @@ struct Office {
         w->SetAccountType(business ? QStringLiteral("Business") : QStringLiteral("Individual"));
         return w;
     }
-    frmMain* scheduling()
+    void customerInHand()
     {
         DispatchingVariables& v = app->v;
-        v.gCurAccount = QStringLiteral("10422");
-        v.gCurName = QStringLiteral("Margaret Ellison");
-        v.gCurAddress1 = QStringLiteral("418 Walnut Avenue");
-        v.gCurCity = QStringLiteral("Springfield");
-        v.gCurState = QStringLiteral("IL");
-        v.gCurZip = QStringLiteral("62704");
-        v.gCurPhone = QStringLiteral("217-555-0187");
-        v.Mode = 2;
+        v.current.account = QStringLiteral("10422");
+        v.current.name = QStringLiteral("Margaret Ellison");
+        v.current.address1 = QStringLiteral("418 Walnut Avenue");
+        v.current.city = QStringLiteral("Springfield");
+        v.current.state = QStringLiteral("IL");
+        v.current.zip = QStringLiteral("62704");
+        v.current.phone = QStringLiteral("217-555-0187");
+    }
+    frmMain* scheduling()
+    {
+        customerInHand();
+        app->v.Mode = Mode::ServiceSlip;
         app->ShowMainForCustomer();
         frmMain* w = app->mainForm;
         if (w->fraTeamCal->isVisible()) w->mnuTeamCal_Click();
@@ -197,6 +205,20 @@ struct Office {
             w->mnuAux_Click();
             return w;
         }
+        if (state == "customer stored calls") {
+            frmCustomer* w = customer();
+            // Two calls of the widest name, number and time a call record holds.
+            const QByteArray call = "WWWWWWWWWWWWWWW217-555-010008:00 pm";
+            if (!app->store.WriteFile(QStringLiteral("/TelCall.txt"), call.repeated(2)))
+                return nullptr;
+            w->calls->Form_Activate();
+            w->calls->cmdCallLater_Click();
+            return w;
+        }
+        if (state == "call monitor") {
+            app->OpenEntry(MenuEntry::UnattendedMonitoring);
+            return app->callId;
+        }
         if (state == "scheduling") return scheduling();
         if (state == "month sheet") {
             frmMain* w = scheduling();
@@ -233,6 +255,20 @@ struct Office {
             app->OpenEntry(MenuEntry::ServiceHistory);
             return app->history;
         }
+        if (state.startsWith("contract")) {
+            customerInHand();
+            app->v.Mode = Mode::Contract;
+            app->ShowContractForCustomer();
+            if (state == "contract manual")
+                app->contract->findChild<QAction*>(QStringLiteral("mnuManual"))->trigger();
+            return app->contract;
+        }
+        if (state == "work order") {
+            customerInHand();
+            app->v.Mode = Mode::WorkOrder;
+            app->ShowWorkOrderForCustomer();
+            return app->workOrder;
+        }
         if (state == "courtesy calls") {
             app->OpenEntry(MenuEntry::PlaceReminderCalls);
             return app->callBack;
@@ -252,11 +288,14 @@ const QStringList& screenStates()
                                     "setup 7",           "customer individual",
                                     "customer business", "customer search",
                                     "customer list",     "customer names",
-                                    "customer aux",      "scheduling",
+                                    "customer aux",      "customer stored calls",
+                                    "call monitor",      "scheduling",
                                     "month sheet",       "day view",
                                     "stored slips",      "records list",
                                     "records detail",    "records search",
-                                    "history",           "courtesy calls"};
+                                    "history",           "courtesy calls",
+                                    "contract",          "contract manual",
+                                    "work order"};
     return states;
 }
 

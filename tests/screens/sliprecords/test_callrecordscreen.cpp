@@ -471,7 +471,7 @@ void TestCallRecordScreen::rescheduleFromTheMenu()
     app.OpenEntry(MenuEntry::Reschedule);
     frmCallRecord* s = app.callRecord;
     QVERIFY(s && s->isVisible());
-    QCOMPARE(app.v.Mode, qint16(10));
+    QCOMPARE(app.v.Mode, Mode::Reschedule);
     QCOMPARE(s->fgSummary->rows(), 3);
 
     QSignalSpy handOver(s, &frmCallRecord::rescheduleChosen);
@@ -487,13 +487,13 @@ void TestCallRecordScreen::rescheduleFromTheMenu()
     QCOMPARE(f.get("Slips.txt"), slip("Service", "SA125-2", "05/06/2026", "B-2"));
     QCOMPARE(f.get("2026/Team#3/125.txt"), dayFile(QStringList(12, F)));
     QCOMPARE(app.v.gSlip.bytes(), shownForm(old, "$0.00"));
-    QCOMPARE(app.v.gCurAccount, QString("A-1"));
-    QCOMPARE(app.v.gCurPhone, QString("(555)123-4567"));
+    QCOMPARE(app.v.current.account, QString("A-1"));
+    QCOMPARE(app.v.current.phone, QString("(555)123-4567"));
     QCOMPARE(app.v.gRescheduleSearchFor, qint16(0));
     // The Scheduling Screen has taken it over as a service slip.
     QVERIFY(app.mainForm && app.mainForm->isVisible());
     QVERIFY(!s->isVisible());
-    QCOMPARE(app.v.Mode, qint16(2));
+    QCOMPARE(app.v.Mode, Mode::ServiceSlip);
 
     // A meeting is handed over with the meetings option, for a new meeting.
     s->show();
@@ -508,7 +508,7 @@ void TestCallRecordScreen::rescheduleFromTheMenu()
     QCOMPARE(handOver.count(), 2);
     QCOMPARE(f.get("Meetings.txt"), QByteArray());
     QCOMPARE(app.v.gRescheduleSearchFor, qint16(1));
-    QCOMPARE(app.v.Mode, qint16(7));
+    QCOMPARE(app.v.Mode, Mode::Meeting);
 
     // The menu button goes back to the menu.
     QTest::mouseClick(s->cmdExit, Qt::LeftButton);

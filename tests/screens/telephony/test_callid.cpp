@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QtTest>
 
@@ -219,6 +220,29 @@ private slots:
         QCOMPARE(m.screen->lblName->text(), QStringLiteral("TWO"));
         QCOMPARE(m.screen->lblNumber->text(), QStringLiteral("312-555-0199"));
         QCOMPARE(m.screen->lblTime->text(), QStringLiteral("08:05 pm"));
+    }
+
+    // The sign dials the call on show, the port let go first for the dialer; before any
+    // call, with the labels on their captions, it does nothing.
+    void signDialsTheCallOnShow()
+    {
+        Monitor m;
+        m.modem.setCallerIdSupported(false); // the sign stands still
+        m.bringUp();
+        QVERIFY(waitFor([&] { return !m.screen->monitoring(); }));
+        QSignalSpy dial(m.screen.get(), &frmCallID::dialRequested);
+        QTest::mouseClick(m.screen->Image1, Qt::LeftButton);
+        QCOMPARE(dial.size(), 0);
+        QVERIFY(m.link.isOpen());
+
+        m.put("TelCall.txt",
+              call("ONE", "847-555-0001", "08:00 am") + call("TWO", "312-555-0199", "08:05 pm"));
+        m.screen->ResetDisplay();
+        m.screen->updnCalls->setValue(2);
+        QTest::mouseClick(m.screen->Image1, Qt::LeftButton);
+        QCOMPARE(dial.size(), 1);
+        QCOMPARE(dial[0], (QVariantList{QStringLiteral("TWO"), QStringLiteral("312-555-0199")}));
+        QVERIFY(!m.link.isOpen());
     }
 
     // From the menu of a running program: the dialer gets the port and the call, and when

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/io/result.h"
+
+#include <QStringList>
+
+namespace tresvane
+{
+
+class Store;
+struct PrintJob;
+
+// ServiceInvoiceMemo.txt: plain lines that the office adds to every invoice (terms, a
+// season's greeting). A missing file means no memo.
+
+QString InvoiceMemoFileName(); // "/ServiceInvoiceMemo.txt"
+
+struct InvoiceMemo {
+    bool exists = false;
+    QStringList lines;
+};
+
+Result<InvoiceMemo> ReadInvoiceMemo(Store& store);
+// Replaces the file with the memo box's text, a line of the box a line of the file.
+Status WriteInvoiceMemo(Store& store, const QString& text);
+
+// The memo on an invoice, from y inches: each line of the file wrapped at blanks from
+// x = 2 inches, in the body colour, one after the other. Nothing when addMemo is off or
+// there is no file. The pen's colour is left as it was.
+Status PrintInvoiceMemo(PrintJob& job, Store& store, bool addMemo, double y);
+
+} // namespace tresvane

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "core/documents/workschedule.h"
+#include "core/state/corecontext.h"
+#include "screens/documents/printrun.h"
+
+#include <QDate>
+#include <QGroupBox>
+#include <array>
+#include <functional>
+
+class QPushButton;
+class QRadioButton;
+
+namespace tresvane
+{
+
+class PrintDialogs;
+
+// The Scheduling Screen's print panel: the paper to put in the printer, the schedule's
+// form, and Print, Preview and Cancel. In the schedule mode it prints the crews' work
+// schedules; the invoice mode shows the invoice paper's prompt.
+class PrintPanel : public QGroupBox
+{
+    Q_OBJECT
+public:
+    // What a print covers, read from the screen when the print starts.
+    struct Selection {
+        QDate date;
+        int team = 0; // 1 to the number of teams; 0 for all teams
+        int copies = 1;
+    };
+
+    PrintPanel(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent = nullptr);
+
+    void setSelection(std::function<Selection()> selection) { m_selection = std::move(selection); }
+
+    // Shows the panel with the paper prompt of the mode and the form chosen.
+    void Open();
+    // Hides the panel; the form chosen stays for the next print.
+    void Reset();
+    // The paper prompt, the panel's caption.
+    QString prompt() const;
+    ScheduleForm form() const;
+
+    void cmdInvoiceContinue_Click();
+    void cmdPreview_Click();
+    void cmdCancelPrint_Click();
+
+signals:
+    // The panel was put away, after a print or a cancel.
+    void closed();
+
+private:
+    DrawDocuments documents() const;
+
+    CoreContext& c;
+    PrintDialogs& m_printDialogs;
+    std::function<Selection()> m_selection;
+    QGroupBox* fraWorkSchedule;
+    std::array<QRadioButton*, 2> optWorkSchedule{};
+    QPushButton* cmdInvoiceContinue;
+    QPushButton* cmdPreview;
+    QPushButton* cmdCancelPrint;
+};
+
+} // namespace tresvane
