@@ -72,10 +72,12 @@ QList<CallerIdReport> CallerIdParser::feed(const QByteArray& bytes)
     m_pending.remove(0, start);
     if (m_pending.size() > kLongestLine) {
         // Taken now as the line that is no tag it will be, so that a modem that never ends
-        // a line cannot fill the memory.
+        // a line cannot fill the memory. When its line end has come (a CR waiting for a
+        // possible LF), the CR stays and the next line is read as ever.
         close(out);
-        m_pending.clear();
-        m_skipping = true;
+        const bool ended = m_pending.endsWith('\r');
+        m_pending = ended ? QByteArray("\r") : QByteArray();
+        m_skipping = !ended;
     }
     return out;
 }

@@ -104,13 +104,18 @@ private slots:
         QTest::newRow("a name line past any modem's")
             << "NMBR = 9196278340\r\nNAME = " + QByteArray(200, 'A') + "\r\n" + report
             << QStringList{"", "AFTER"};
+        // The noise's lone CR is the last byte of a piece: the report right after it is
+        // still read.
+        QTest::newRow("noise ended by a lone CR")
+            << QByteArray(133, '\xff') + "\r" + report << QStringList{"AFTER"};
     }
 
     void overlongLines()
     {
         QFETCH(QByteArray, input);
         QFETCH(QStringList, names);
-        for (const qsizetype piece : {qsizetype(1), qsizetype(7), qsizetype(129), input.size()}) {
+        for (const qsizetype piece :
+             {qsizetype(1), qsizetype(7), qsizetype(129), qsizetype(134), input.size()}) {
             CallerIdParser parser;
             QStringList got;
             for (qsizetype at = 0; at < input.size(); at += piece)
