@@ -72,13 +72,17 @@ int main(int argc, char* argv[])
 {
     // Drawn without a screen: the fonts and the PDF need no display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
+    // The options are read here, not by Qt: Qt would take "--style" for its own.
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
+    int qtArgc = 1;
+    QApplication app(qtArgc, argv);
     QString folder, date, team, schedule, pdf, style, blank;
     bool allTeams = false;
     bool invoices = false;
     bool memo = false;
     bool reason = false;
-    const QStringList args = app.arguments().mid(1);
     for (qsizetype i = 0; i < args.size(); ++i) {
         const QString& a = args[i];
         auto value = [&](QString& into) {
@@ -186,6 +190,10 @@ int main(int argc, char* argv[])
         return 0;
     }
 
+    Result<int> pages = PrintDocumentsToPdf(pdf, [&](PrintSurface& surface) {
+        PrintJob job{surface, DocumentSettingsOf(v)};
+        return PrintWorkSchedules(job, store, v, request).status();
+    });
     if (!pages) return failed(pages.message());
     std::printf("%d page%s written to %s\n", *pages, *pages == 1 ? "" : "s", qPrintable(pdf));
     return 0;
