@@ -142,6 +142,13 @@ void printPriced(PrintSurface& p, const PriceEntry& entry, double x, double name
     p.print(entry.price);
 }
 
+// Where a customer block starts: at y inches, or lower when the business block above it
+// runs long.
+double belowBusiness(const PrintJob& job, double y)
+{
+    return std::max(y, job.printer.currentY() / kTwips + 0.1);
+}
+
 // The logo in the page's corner when there is one; the business block beside it.
 void printLogoAndBusiness(PrintJob& job)
 {
@@ -465,13 +472,14 @@ void PrintServiceOrderInvoice(PrintJob& job, const InvoiceContext& c, const Invo
 {
     setup(job, "Portrait");
     printLogoAndBusiness(job);
+    const double customerY = belowBusiness(job, kSoCustomerY);
     PrintTitleWithin(job, QStringLiteral("Service Order/Invoice"), kTitleY, kTitleRight);
     PrintOrderLine(job, c.v, &slip, c.date, kTimesX, kOrderY);
     // The customer's side of the page is on the left: the totals go under the times.
     PrintTimesAndTotals(job, kSoTimesX, kTimesY, kSoTimesX);
     const bool usa = job.settings.usaAddress;
     PrintCustomerBlock(job, InvoiceCustomerLines(slip.record, usa, c.printReason), kCustomerX,
-                       kSoCustomerY, kSoCustomerWidth);
+                       customerY, kSoCustomerWidth);
     printServiceOrderBoxes(job);
     printServiceOrderHeads(job);
     printServices(job, c.lists.services);
@@ -485,6 +493,7 @@ void PrintRepairInvoice(PrintJob& job, const InvoiceContext& c, const InvoiceSli
 {
     setup(job, "Landscape");
     PrintBusinessBlock(job, kBusinessX, kBusinessY, 14);
+    const double customerY = belowBusiness(job, kRepairCustomerY);
     printMemoAbove(job, c, kRepairMemoFoot);
     PrintTitleWithin(job, QStringLiteral("REPAIR INVOICE  "), kTitleY, kTitleRight);
     PrintOrderLine(job, c.v, slip, c.date, kTimesX, kOrderY);
@@ -506,6 +515,7 @@ void PrintOfficeInvoice(PrintJob& job, const InvoiceContext& c, const InvoiceSli
 {
     setup(job, "Portrait");
     PrintDocHeader(job, kLogoInFrame, QStringLiteral("INVOICE"), 0.4);
+    const double customerY = belowBusiness(job, kOfficeCustomerY);
 
     PrintSurface& p = job.printer;
     PrintColor(job, kDataRole);
@@ -530,7 +540,7 @@ void PrintOfficeInvoice(PrintJob& job, const InvoiceContext& c, const InvoiceSli
     printMemoAbove(job, c, kOfficeMemoFoot);
     PrintCustomerBlock(job,
                        InvoiceCustomerLines(slip.record, job.settings.usaAddress, c.printReason),
-                       kCustomerX, kOfficeCustomerY, kOfficeCustomerWidth);
+                       kCustomerX, customerY, kOfficeCustomerWidth);
     PrintTimes(job, kTimesX, kOfficeTimesY);
     PrintItembox(job);
     endPage(job);

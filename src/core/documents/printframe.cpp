@@ -216,7 +216,8 @@ void PrintItembox(PrintJob& job)
     p.setDrawWidth(kFrameDrawWidth / 2);
     // From just above the heads down the page; a rule under the heads, and a column rule
     // before each head after the first.
-    const double left = 0.4 * kTwips, right = 7.9 * kTwips;
+    // The right edge meets the header's frame, so that "TOTAL" at 7.5 inches has its room.
+    const double left = 0.4 * kTwips, right = 7.98 * kTwips;
     const double top = 3.95 * kTwips, heads = 4.3 * kTwips, bottom = 9.6 * kTwips;
     p.line(left, top, right, top, color);
     p.line(left, heads, right, heads, color);
