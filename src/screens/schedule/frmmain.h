@@ -91,8 +91,10 @@ public:
     // Menus
     QAction* mnuCustomer;
     QAction* mnuTeamCal;
-    QAction* mnuInvoiceS;
+    QAction* mnuInvoiceS; // the Invoices menu
     QAction* mnuInvoiceStyle;
+    QAction* mnuMemo;
+    QAction* mnuBlankinvoices;
 
     // The screen's state
     QString EventText;
@@ -101,6 +103,8 @@ public:
     qint16 FromStoredSlip = 0;
     // A reschedule hand-over came from a search of the meetings (else of the slips).
     bool rescheduleMeeting = false;
+    // Blank invoices asked for, printed by the next invoice job instead of the day's.
+    int BlankCount = 0;
 
     // The date the calendar stands on, which is the date a booking is for.
     QDate currentDate() const { return m_currentDate; }
@@ -132,6 +136,11 @@ public:
     void cboService_LostFocus();
     void fraCustomer_Click();
     void mnuTeamCal_Click();
+    void mnuInvoiceStyle_Click();
+    void mnuMemo_Click();
+    void mnuBlankinvoices_Click();
+    // The invoice style from the setup, the service order offered where its stock is.
+    void RebuildInvoiceChoices();
     void DrawTeamMonth();
     void Text1_Click(int box);
     void cmdUnscheduled_Click(int index);
