@@ -16,7 +16,9 @@ namespace
 void escapes(const QString& value)
 {
     for (const int skip : {0, 1, 2}) {
-        const RtfDocument doc("{\\rtf1 " + RtfDocument::escape(value, skip) + "}");
+        // Escaped for a group whose fallback count is skip, as a replacement escapes it.
+        const RtfDocument doc("{\\rtf1\\uc" + QByteArray::number(skip) + ' ' +
+                              RtfDocument::escape(value, skip) + "}");
         if (doc.text() != value)
             fail(QStringLiteral("an escaped value of %1 characters reads back as %2")
                      .arg(value.size())
@@ -55,7 +57,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     replaces(source, quint8(in.choice(256)));
     // Values as a form holds them: any character but the controls a box cannot hold.
     QString value = QString::fromLatin1(source.left(64));
-    value.removeIf([](QChar ch) { return ch.unicode() < 0x20 && ch != u'\n' && ch != u'\t'; });
+    value.removeIf([](QChar ch) {
+        return (ch.unicode() < 0x20 && ch != u'\n' && ch != u'\t') || ch.unicode() == 0x7F;
+    });
     escapes(value);
 
     ContractTerms terms;

@@ -500,9 +500,9 @@ void PrintRepairInvoice(PrintJob& job, const InvoiceContext& c, const InvoiceSli
     if (slip) {
         PrintCustomerBlock(
             job, InvoiceCustomerLines(slip->record, job.settings.usaAddress, c.printReason),
-            kCustomerX, kRepairCustomerY, kRepairCustomerWidth);
+            kCustomerX, customerY, kRepairCustomerWidth);
     } else {
-        PrintBlankCustomerBlock(job, kCustomerX, kRepairCustomerY - 0.1, kRepairCustomerWidth, 3);
+        PrintBlankCustomerBlock(job, kCustomerX, customerY - 0.1, kRepairCustomerWidth, 3);
     }
     PrintTimesAndTotals(job, kTimesX, kTimesY, kRepairTotalsX);
     printRepairSheet(job);
