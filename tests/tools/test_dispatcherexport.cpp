@@ -39,20 +39,20 @@ Ran tool(const QStringList& args)
     return run(QStringLiteral(DISPATCH_EXPORT_TOOL), args);
 }
 
-QByteArray quotedDay(const QStringList& slots)
+QByteArray quotedDay(const QStringList& lines)
 {
     QByteArray out;
-    for (const QString& s : slots)
+    for (const QString& s : lines)
         out += '"' + s.toUtf8() + "\"\r\n";
     return out;
 }
 
 QStringList dayWith(const QMap<int, QString>& taken)
 {
-    QStringList slots;
+    QStringList lines;
     for (int s = 1; s <= 12; ++s)
-        slots << taken.value(s, "No Event Scheduled");
-    return slots;
+        lines << taken.value(s, "No Event Scheduled");
+    return lines;
 }
 
 QByteArray slip(const QString& type, const QString& number, int team, const QDate& date, int start,
@@ -87,8 +87,9 @@ QStringList uids(const QByteArray& ics)
     return out;
 }
 
-QJsonObject event(const QString& uid, const QString& summary, const QString& start,
-                  const QString& end, const QString& location = {}, const QString& description = {})
+QJsonObject jsonEvent(const QString& uid, const QString& summary, const QString& start,
+                      const QString& end, const QString& location = {},
+                      const QString& description = {})
 {
     QJsonObject e{{"summary", summary}, {"start", start}, {"end", end}};
     if (!uid.isEmpty()) e["uid"] = uid;
@@ -158,7 +159,8 @@ void TestDispatcherExport::calendarsReadByAnotherReader()
     QVERIFY2(first.exitCode == 0, qPrintable(first.err));
     QVERIFY2(first.out.startsWith("3 calendars in "), qPrintable(first.out));
     QVERIFY2(first.out.contains(": 3 written, 0 unchanged, 4 events"), qPrintable(first.out));
-    for (auto it = f.snapshot().cbegin(); it != f.snapshot().cend(); ++it)
+    const auto after = f.snapshot();
+    for (auto it = after.cbegin(); it != after.cend(); ++it)
         if (!it.key().startsWith("Exports/")) QCOMPARE(it.value(), before.value(it.key()));
 
     const QRegularExpressionMatch id =
@@ -172,19 +174,19 @@ void TestDispatcherExport::calendarsReadByAnotherReader()
 
     QJsonObject files;
     files["North Crew.ics"] =
-        QJsonArray{event(uid("slip-SA1-1"), "José Müller", day + "T08:00:00", day + "T10:00:00",
-                         "12 Mill Road, Unit 4, Greenfield, OH 45123",
-                         "Telephone: (555)123-4567\nProblem: No heat; \"urgent\", back\\door\n"
-                         "Confirmation No.: SA1-1\nAccount: A-3"),
-                   event(uid("slip-SA1-2"), "O'Brien, Pat", day + "T11:00:00", day + "T14:00:00",
-                         "3 Quay, Greenfield, OH 45123")};
+        QJsonArray{jsonEvent(uid("slip-SA1-1"), "José Müller", day + "T08:00:00", day + "T10:00:00",
+                             "12 Mill Road, Unit 4, Greenfield, OH 45123",
+                             "Telephone: (555)123-4567\nProblem: No heat; \"urgent\", back\\door\n"
+                             "Confirmation No.: SA1-1\nAccount: A-3"),
+                   jsonEvent(uid("slip-SA1-2"), "O'Brien, Pat", day + "T11:00:00",
+                             day + "T14:00:00", "3 Quay, Greenfield, OH 45123")};
     files["Plumbing_Heating.ics"] = QJsonArray{
-        event({}, "Meeting - Ann; Lee", mday + "T09:00:00", mday + "T10:00:00",
-              "1 Elm, Greenfield, OH 45123",
-              "Telephone: (555)123-4567\nMeeting: Mtg - 09:00 - Ann; Lee\nAccount: A-4")};
-    files["Équipe Müller.ics"] =
-        QJsonArray{event(uid("blocked-t3-" + holiday.toString("yyyyMMdd")), "Holiday",
-                         holiday.toString(Qt::ISODate), holiday.addDays(1).toString(Qt::ISODate))};
+        jsonEvent({}, "Meeting - Ann; Lee", mday + "T09:00:00", mday + "T10:00:00",
+                  "1 Elm, Greenfield, OH 45123",
+                  "Telephone: (555)123-4567\nMeeting: Mtg - 09:00 - Ann; Lee\nAccount: A-4")};
+    files["Équipe Müller.ics"] = QJsonArray{
+        jsonEvent(uid("blocked-t3-" + holiday.toString("yyyyMMdd")), "Holiday",
+                  holiday.toString(Qt::ISODate), holiday.addDays(1).toString(Qt::ISODate))};
     const QString expected = f.abs("../expected.json");
     {
         QFile out(expected);

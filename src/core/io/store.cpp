@@ -8,6 +8,7 @@
 #include <QSet>
 #include <QUrl>
 
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
@@ -21,7 +22,8 @@ namespace
 {
 
 int s_faultAt = 0;
-int s_fileCalls = 0;
+// Atomic: the crews' calendars are written by a thread of their own.
+std::atomic<int> s_fileCalls = 0;
 
 // Every call that changes the disk passes here; the crash test stops the process at one.
 void fileCall()

@@ -354,7 +354,8 @@ void TestCrewCalendars::exportKeepsIdsAndTouchesNoDataFile()
     QCOMPARE(uids.size(), 1);
 
     QStringList outside;
-    for (auto it = f.snapshot().cbegin(); it != f.snapshot().cend(); ++it)
+    const auto after = f.snapshot();
+    for (auto it = after.cbegin(); it != after.cend(); ++it)
         if (!it.key().startsWith("Exports/")) outside << it.key();
     QCOMPARE(outside, before.keys());
     for (const QString& name : outside)
@@ -369,10 +370,10 @@ void TestCrewCalendars::exportKeepsIdsAndTouchesNoDataFile()
     book(f, 2, QDate(2026, 5, 6), 1, 1);
     const CalendarExportReport third = exportAll(f);
     QCOMPARE(third.written, 2);
-    const QByteArray after = f.get("Exports/Calendars/North Crew.ics");
-    QCOMPARE(values(after, "UID").size(), 2);
-    QCOMPARE(values(after, "UID").first(), uids.first());
-    QCOMPARE(startOf(after, uids.first()), QString("20260505T080000"));
+    const QByteArray added = f.get("Exports/Calendars/North Crew.ics");
+    QCOMPARE(values(added, "UID").size(), 2);
+    QCOMPARE(values(added, "UID").first(), uids.first());
+    QCOMPARE(startOf(added, uids.first()), QString("20260505T080000"));
 
     // A team renamed: its old file goes with the next export of every team.
     f.put("Assignto.txt", "\"North Crew\"\r\n\"East\"\r\n");
