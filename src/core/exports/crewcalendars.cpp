@@ -6,6 +6,7 @@
 #include "core/io/store.h"
 #include "core/io/usforms.h"
 #include "core/ports/clock.h"
+#include "core/schedule/dayfileindex.h"
 #include "core/schedule/dayfiles.h"
 #include "core/schedule/slipfiles.h"
 #include "core/state/dispatchingvariables.h"
@@ -392,12 +393,13 @@ Result<CalendarExportReport> ExportCrewCalendars(CoreContext& c,
 
     CalendarExportReport report;
     const QDateTime stamp = c.clock.now();
+    DayFileIndex dayFiles(c.store);
     for (const int team : teams) {
         if (team < 1 || team > teamNames.size()) continue;
         QList<CrewEvent> events;
         for (int i = 0; i < days; ++i) {
             const QDate date = first.addDays(i);
-            Result<DayTexts> day = ReadDayTexts(c.store, TeamDayFile(date, team));
+            Result<DayTexts> day = dayFiles.read(date, team);
             if (!day) {
                 report.problems << day.message();
                 continue;

@@ -38,6 +38,7 @@ QString EscapeCalendarText(QStringView text)
 QByteArray FoldCalendarLine(const QByteArray& utf8)
 {
     constexpr qsizetype kMaxOctets = 75;
+    if (utf8.size() <= kMaxOctets) return utf8 + "\r\n";
     QByteArray out;
     out.reserve(utf8.size() + utf8.size() / 70 * 3 + 2);
     qsizetype lineOctets = 0;

@@ -10,6 +10,7 @@
 #include "core/io/usforms.h"
 #include "core/schedule/booking.h"
 #include "core/schedule/contractoverlay.h"
+#include "core/schedule/dayfileindex.h"
 #include "core/schedule/timegrid.h"
 #include "core/state/dispatchingvariables.h"
 
@@ -77,6 +78,7 @@ Result<QList<FreeOpening>> FindFreeTime(CoreContext& c, const FreeTimeRequest& r
     Result<ContractDays> contracts = readContractDays(c.store, first, days);
     if (!contracts) return contracts.status();
 
+    DayFileIndex dayFiles(c.store);
     QList<FreeOpening> openings;
     for (int i = 0; i < days && openings.size() < request.limit; ++i) {
         const QDate date = first.addDays(i);
@@ -84,7 +86,7 @@ Result<QList<FreeOpening>> FindFreeTime(CoreContext& c, const FreeTimeRequest& r
         QList<FreeOpening> ofDay;
         for (int team = 1; team <= teams; ++team) {
             if (request.team != 0 && team != request.team) continue;
-            Result<DayTexts> day = ReadDayTexts(c.store, TeamDayFile(date, team));
+            Result<DayTexts> day = dayFiles.read(date, team);
             if (!day) return day.status();
             GridColumn grid = *day;
             if (auto it = contracts->byDay.constFind(i); it != contracts->byDay.constEnd())
