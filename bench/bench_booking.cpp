@@ -57,8 +57,11 @@ int main(int argc, char* argv[])
     std::fprintf(stderr, "%d contract events on %s for %s\n", most,
                  qPrintable(date.toString(Qt::ISODate)), qPrintable(teamName));
     int shown = 0;
+    // The screen keeps its index of the day's records: the files are read once, then at
+    // each change of the files.
+    DayRecordIndex index;
     const double dayChange = MedianMs([&] {
-        Result<TeamDay> day = ReadTeamDay(c, date, team);
+        Result<TeamDay> day = ReadTeamDay(c, date, team, &index);
         Must(day.status());
         Result<ContractOverlay> overlay = OverlayContractEvents(c, day->slotTexts, date, teamName);
         shown += overlay->messages.size();

@@ -2,6 +2,8 @@
 // view's grid and a save of the day as read.
 #include "fuzzfolder.h"
 
+#include "core/calendar/blockeddays.h"
+#include "core/calendar/calendarday.h"
 #include "core/schedule/contractoverlay.h"
 #include "core/schedule/dayfiles.h"
 #include "core/schedule/dayview.h"
@@ -52,6 +54,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         require(overlay.ok(), "no contract overlay without a contract file");
     }
     requireNamed(ReadDayToSlots(c), name);
+    requireNamed(ReadDayTexts(c.store, name), name);
+    // A sibling program's blocked days are day files of their own folders.
+    const QString blocked =
+        QStringLiteral("/%1/DaySchedules1/%2.txt").arg(day.year()).arg(day.dayOfYear());
+    f.put(blocked, in.rest());
+    Result<QList<BlockedDayRow>> rows = FindBlockedDays(c, day.addDays(-3), day.addDays(3));
+    requireNamed(rows, blocked);
+    if (rows) require(rows->size() <= 1, "one blocked day listed more than once");
     Result<TeamMonth> month = DrawTeamMonth(c, day, team);
     requireNamed(month, name);
 

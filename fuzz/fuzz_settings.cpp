@@ -5,6 +5,8 @@
 
 #include "core/customers/auxdata.h"
 #include "core/customers/customerfiles.h"
+#include "core/documents/invoicememo.h"
+#include "core/documents/workorder.h"
 #include "core/housekeeping/purge.h"
 #include "core/schedule/dayfiles.h"
 #include "core/schedule/freenumber.h"
@@ -37,6 +39,7 @@ PrintColors s_colors;
 QString s_logo;
 LogoSize s_size;
 SpeedNumbers s_speed;
+QString s_memo;
 const QString kAccount = QStringLiteral("1001");
 
 const QList<TextFile>& files()
@@ -110,6 +113,23 @@ const QList<TextFile>& files()
          },
          {}},
         {PurgedDateFileName(), PurgeDayFiles, {}},
+        {InvoiceMemoFileName(),
+         [](CoreContext& c) {
+             Result<InvoiceMemo> r = ReadInvoiceMemo(c.store);
+             if (r) s_memo = r->lines.join(u'\n');
+             return r.status();
+         },
+         [](CoreContext& c) { return WriteInvoiceMemo(c.store, s_memo); }},
+        {NarrativeTemplateFileName(),
+         [](CoreContext& c) {
+             Result<std::optional<QString>> r = LoadNarrativeTemplate(c.store);
+             if (r) s_memo = r->value_or(QString());
+             return r.status();
+         },
+         [](CoreContext& c) { return SaveNarrativeTemplate(c.store, s_memo); }},
+        {PrintNarrativeFileName(),
+         [](CoreContext& c) { return ReadPrintNarrative(c.store).status(); },
+         {}},
     };
     return list;
 }

@@ -5,6 +5,8 @@
 #include "fuzzfolder.h"
 
 #include "bookingcheck.h"
+#include "core/calendar/slippopup.h"
+#include "core/calendar/teamboard.h"
 #include "core/history/courtesycalls.h"
 #include "core/housekeeping/purge.h"
 #include "core/io/store.h"
@@ -79,6 +81,17 @@ void views(Folder& f, const QList<SlipRecord>& records)
             c, records.first().text(SlipField::AcctNo), records.first().text(SlipField::EventDate));
         require(found.ok() || !found.message().isEmpty(), "a look-up failed without a word");
         SummarySortKey(records.first().text(SlipField::EventDate), today.year());
+        // The board's popup finds the slip behind each hour of its day.
+        const SlipRecord& first = records.first();
+        for (const SlotFile file : {SlotFile::Slips, SlotFile::Meetings, SlotFile::Projects}) {
+            ClickedSlot clicked{file, day, first.text(SlipField::TeamNo).toInt(),
+                                first.text(SlipField::StartSlot).toInt(),
+                                first.text(SlipField::ConfirmationNo) + u' ' +
+                                    first.text(SlipField::Reference)};
+            Result<std::optional<SlipRecord>> found = FindSlotRecord(c, clicked);
+            require(found.ok() || !found.message().isEmpty(), "a popup refused without a word");
+            if (found && *found) PopupText(c.v, **found, c.v.gAssignTo.value(clicked.team));
+        }
         SlipExpired(records.first().text(SlipField::EventDate), today);
     }
 }

@@ -9,15 +9,21 @@
 #include "sampleinstallation.h"
 
 #include "app/app.h"
+#include "core/calendar/slippopup.h"
 #include "core/documents/printframe.h"
 #include "core/documents/workschedule.h"
 #include "core/io/itemrecords.h"
 #include "core/io/sliprecord.h"
 #include "core/io/store.h"
+#include "core/io/usforms.h"
 #include "core/ports/clock.h"
 #include "core/ports/desktop.h"
 #include "core/ports/dialogs.h"
 #include "core/telephony/storedcalls.h"
+#include "screens/calendar/frmblock.h"
+#include "screens/calendar/frmdisplay.h"
+#include "screens/calendar/frmreccuringevents.h"
+#include "screens/calendar/frmslip.h"
 #include "screens/customers/frmcustomer.h"
 #include "screens/customers/storedcallpanel.h"
 #include "screens/documents/frmcontract.h"
@@ -37,9 +43,12 @@
 #include "screens/sliprecords/frmcallrecord.h"
 #include "screens/telephony/frmcallid.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QDir>
 #include <QFile>
 #include <QFrame>
@@ -239,6 +248,42 @@ void grabDocuments(App& app, const QString& out)
     grab(w, out, QStringLiteral("workorder"));
 }
 
+// The recurring events screen with dates chosen and a range open, the blocked days with
+// their grid, the board of teams and the popup of its first slip.
+void grabCalendarTools(App& app, const QString& out)
+{
+    app.OpenEntry(MenuEntry::RecurringEvents);
+    QWidget* recurring = app.recurring;
+    recurring->findChild<QAbstractButton*>("optNoCustomer")->click();
+    recurring->findChild<QComboBox*>("cboEventTitle")->setEditText("Staff Meeting");
+    recurring->findChild<QAbstractButton*>("cmdContinue")->click();
+    auto* calendar = recurring->findChild<QCalendarWidget*>("EventCalendar");
+    for (QDate d = QDate::currentDate().addDays(1), last = d.addDays(20); d < last;
+         d = d.addDays(7))
+        QMetaObject::invokeMethod(calendar, "clicked", Q_ARG(QDate, d));
+    grab(recurring, out, QStringLiteral("recurring"));
+    recurring->findChild<QAbstractButton*>("CmdButton_4")->click();
+    grab(recurring, out, QStringLiteral("recurring-range"));
+
+    app.OpenEntry(MenuEntry::VacationAndHoliday);
+    app.block->findChild<QWidget*>("fraBlockedDays")->setVisible(true);
+    grab(app.block, out, QStringLiteral("blocked-days"));
+
+    // The board on the day of the first slip, so the grids show work.
+    app.OpenEntry(MenuEntry::DisplaySchedules);
+    const SlipRecord first(app.store.ReadAll("/Slips.txt")->left(kSlipRecordLength));
+    const ClickedSlot clicked{
+        SlotFile::Slips, ParseShortDate(first.text(SlipField::EventDate)).value_or(QDate()),
+        first.text(SlipField::TeamNo).toInt(), first.text(SlipField::StartSlot).toInt(),
+        first.text(SlipField::ConfirmationNo) + u' ' + first.text(SlipField::Name)};
+    if (clicked.date >= app.ctx.clock.today())
+        app.display->findChild<QDateEdit*>("DTPicker1")->setDate(clicked.date);
+    grab(app.display, out, QStringLiteral("work-schedules"));
+    if (app.display->popup()->ShowSlip(clicked, app.v.gAssignTo.value(clicked.team)))
+        grab(app.display->popup(), out, QStringLiteral("slip-popup"));
+    app.display->popup()->close();
+}
+
 // The screens that want a customer file and booked slips, on a small sample installation:
 // the customer screen with its search and aux panels, and the record screen.
 bool grabWorkingScreens(const QString& out)
@@ -297,6 +342,7 @@ bool grabWorkingScreens(const QString& out)
     app.OpenEntry(MenuEntry::UnattendedMonitoring);
     grab(app.callId, out, QStringLiteral("callid"));
     grabDocuments(app, out);
+    grabCalendarTools(app, out);
     app.ExitProgram();
     return true;
 }

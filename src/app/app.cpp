@@ -2,6 +2,10 @@
 
 #include "app/calendarautoexport.h"
 
+#include "screens/calendar/frmblock.h"
+#include "screens/calendar/frmdisplay.h"
+#include "screens/calendar/frmreccuringevents.h"
+#include "screens/calendar/frmslip.h"
 #include "screens/customers/frmcustomer.h"
 #include "screens/documents/frmcontract.h"
 #include "screens/documents/frmworkorder.h"
@@ -296,6 +300,9 @@ bool App::EntryBuilt(int index) const
     case MenuEntry::PlaceReminderCalls:
     case MenuEntry::ServiceHistory:
     case MenuEntry::UnattendedMonitoring:
+    case MenuEntry::RecurringEvents:
+    case MenuEntry::VacationAndHoliday:
+    case MenuEntry::DisplaySchedules:
         return true;
     default:
         return false;
@@ -359,6 +366,35 @@ void App::OpenEntry(int index)
         v.Mode = ModeOfEntry(index);
         Bring(callId.data());
         break;
+    case MenuEntry::RecurringEvents: {
+        frmReccuringEvents* screen = RecurringEvents();
+        screen->StartWithoutCustomer();
+        v.Mode = ModeOfEntry(index);
+        Bring(screen);
+        break;
+    }
+    case MenuEntry::VacationAndHoliday:
+        if (!block) {
+            block = new frmBlock(ctx);
+            Adopt(block);
+            connect(block, &frmBlock::showMenu, this, &App::ShowMenu);
+        }
+        v.Mode = ModeOfEntry(index);
+        Bring(block.data());
+        break;
+    case MenuEntry::DisplaySchedules:
+        if (!display) {
+            display = new frmDisplay(ctx);
+            Adopt(display);
+            connect(display, &frmDisplay::showMenu, this, &App::ShowMenu);
+            connect(display, &frmDisplay::exitProgram, this, &App::ExitProgram);
+            connect(display->popup(), &frmSlip::dialRequested, this, &App::ShowDialer);
+        }
+        // A slip is called from its popup where a telephone hangs behind a modem found.
+        display->popup()->setDialAvailable(m_phoneFeatures && v.gPhoneChained);
+        v.Mode = ModeOfEntry(index);
+        Bring(display.data());
+        break;
     case MenuEntry::ServiceHistory:
         MakeHistory();
         history->History = false;
@@ -389,8 +425,6 @@ void App::OpenCustomer(int index)
 void App::CustomerSelected()
 {
     // The customer is the first step; the routine goes on where AfterCustomerSelect says.
-    // Recurring events have no screen in this program yet: the user is told, and stays
-    // with the customer saved.
     switch (AfterCustomerSelect(v.Mode)) {
     case AfterCustomer::SchedulingScreen:
         ShowMainForCustomer();
@@ -402,7 +436,7 @@ void App::CustomerSelected()
         ShowWorkOrderForCustomer();
         break;
     case AfterCustomer::RecurringEvents:
-        m_dialogs.message(QStringLiteral("This routine is not available yet"));
+        Bring(RecurringEvents());
         break;
     case AfterCustomer::Nowhere:
         break;
@@ -437,6 +471,18 @@ frmWorkOrder* App::WorkOrderForm()
         connect(workOrder, &frmWorkOrder::showMenu, this, &App::ShowMenu);
     }
     return workOrder;
+}
+
+frmReccuringEvents* App::RecurringEvents()
+{
+    if (!recurring) {
+        recurring = new frmReccuringEvents(ctx);
+        Adopt(recurring);
+        connect(recurring, &frmReccuringEvents::showMenu, this, &App::ShowMenu);
+        connect(recurring, &frmReccuringEvents::customerWanted, this,
+                [this] { OpenCustomer(MenuEntry::RecurringEvents); });
+    }
+    return recurring;
 }
 
 frmMain* App::MainForm()
@@ -546,6 +592,7 @@ void App::ShowPhoneFeatures(bool shown)
     m_phoneFeatures = shown;
     if (customer) customer->imgDialer->setVisible(shown);
     if (setup) setup->operations->setPhoneFeatures(shown);
+    if (display) display->popup()->setDialAvailable(shown && v.gPhoneChained);
 }
 
 void App::ShowDialer(const QString& name, const QString& number)

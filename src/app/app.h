@@ -20,10 +20,13 @@ class Clock;
 class Desktop;
 class PrintDialogs;
 class Dialogs;
+class frmBlock;
 class frmCallRecord;
 class frmContract;
 class frmCustomer;
 class frmDialer;
+class frmDisplay;
+class frmReccuringEvents;
 class SerialLink;
 class frmMain;
 class frmWorkOrder;
@@ -127,6 +130,9 @@ public:
     QPointer<frmCallID> callId;
     QPointer<frmHistory> history;
     QPointer<frmDialer> dialer;
+    QPointer<frmReccuringEvents> recurring;
+    QPointer<frmBlock> block;
+    QPointer<frmDisplay> display;
     QPointer<frmContract> contract;
     QPointer<frmWorkOrder> workOrder;
     // Printing allowed by the user although the sibling planner program is present; kept
@@ -151,6 +157,9 @@ private:
     frmContract* ContractForm();
     frmWorkOrder* WorkOrderForm();
     frmMain* MainForm();
+    // The recurring events screen, made on first use; its customer button leads through the
+    // customer screen and back.
+    frmReccuringEvents* RecurringEvents();
 
     bool CheckPrevInstance();
     void RepairAuxFoldersInSlices();

@@ -3,7 +3,7 @@
 #include "core/io/record.h"
 #include "core/io/store.h"
 #include "core/io/usforms.h"
-#include "core/schedule/slipfiles.h"
+#include "core/schedule/dayview.h"
 #include "core/schedule/timegrid.h"
 #include "core/state/dispatchingvariables.h"
 
@@ -12,20 +12,6 @@ namespace tresvane
 
 namespace
 {
-
-QString fileName(SlotFile file)
-{
-    switch (file) {
-    case SlotFile::Slips:
-        return SlipsFileName();
-    case SlotFile::Meetings:
-        return MeetingsFileName();
-    case SlotFile::Projects:
-        return ProjectRecordsFileName();
-    default:
-        return {};
-    }
-}
 
 // Whether the record is the one whose text the hour holds.
 bool textBelongs(SlotFile file, const RecordView& r, const QString& text)
@@ -60,27 +46,47 @@ bool holdsHour(const RecordView& r, int slot)
 
 } // namespace
 
+std::optional<SlipRecord> RecordOfSlot(const QList<SlipRecord>& records, const ClickedSlot& clicked)
+{
+    std::optional<SlipRecord> found;
+    for (const SlipRecord& r : records) {
+        if (!textBelongs(clicked.file, r.view(), clicked.text)) continue;
+        if (holdsHour(r.view(), clicked.slot)) return r;
+        if (!found) found = r;
+    }
+    return found;
+}
+
 Result<std::optional<SlipRecord>> FindSlotRecord(CoreContext& c, const ClickedSlot& clicked)
 {
-    const QString name = fileName(clicked.file);
-    if (name.isEmpty() || !c.store.IsFile(name)) return std::optional<SlipRecord>();
-    Result<QByteArray> bytes = c.store.ReadAll(name);
-    if (!bytes) return bytes.status();
-    const QByteArray team = QByteArray::number(clicked.team);
-    std::optional<SlipRecord> found;
-    bool foundHoldsHour = false;
-    ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
-        if (foundHoldsHour) return;
-        if (r.trimmedBytes(SlipField::TeamNo) != team) return;
-        if (ParseShortDateBytes(r.trimmedBytes(SlipField::EventDate)) != clicked.date) return;
-        if (!textBelongs(clicked.file, r, clicked.text)) return;
-        const bool holds = holdsHour(r, clicked.slot);
-        if (!found || holds) {
-            found = SlipRecord(r.bytes());
-            foundHoldsHour = holds;
-        }
-    });
-    return found;
+    const QString team = QString::number(clicked.team);
+    QList<SlipRecord> records;
+    switch (clicked.file) {
+    case SlotFile::Slips:
+    case SlotFile::Meetings: {
+        // The day's own records, as every view of a team's day reads them.
+        Result<QList<SlipRecord>> day = ReadDayRecords(c.store, clicked.date, team);
+        if (!day) return day.status();
+        records = std::move(*day);
+        break;
+    }
+    case SlotFile::Projects: {
+        const QString name = ProjectRecordsFileName();
+        if (!c.store.IsFile(name)) break;
+        Result<QByteArray> bytes = c.store.ReadAll(name);
+        if (!bytes) return bytes.status();
+        const QByteArray number = team.toLatin1();
+        ForEachRecord(SlipLayout(), *bytes, [&](qsizetype, const RecordView& r) {
+            if (r.trimmedBytes(SlipField::TeamNo) == number &&
+                ParseShortDateBytes(r.trimmedBytes(SlipField::EventDate)) == clicked.date)
+                records.append(SlipRecord(r.bytes()));
+        });
+        break;
+    }
+    default:
+        break;
+    }
+    return RecordOfSlot(records, clicked);
 }
 
 SlipPopupText PopupText(const DispatchingVariables& v, const SlipRecord& r, const QString& teamName)

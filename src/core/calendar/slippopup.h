@@ -6,6 +6,7 @@
 #include "core/state/corecontext.h"
 
 #include <QDate>
+#include <QList>
 #include <QString>
 #include <optional>
 
@@ -23,10 +24,15 @@ struct ClickedSlot {
     QString text;
 };
 
-// The record of the file that belongs to the clicked hour: a record of that team's day
-// whose own text is the hour's (a slip by its confirmation number as the text's first word,
-// a meeting by its reference, a project event by its number and reference), the one whose
-// hours hold the clicked hour first. Nothing when no record of the day belongs to it.
+// Of a team's day's records, the one that belongs to the clicked hour: a record whose own
+// text is the hour's (a slip by its confirmation number as the text's first word, a meeting
+// by its reference, a project event by its number and reference), the one whose hours hold
+// the clicked hour first. Nothing when no record of the day belongs to it.
+std::optional<SlipRecord> RecordOfSlot(const QList<SlipRecord>& records,
+                                       const ClickedSlot& clicked);
+
+// The same, reading the records of the clicked team's day: those of Slips.txt and
+// Meetings.txt, or of ProjectRecords.txt for a project event.
 Result<std::optional<SlipRecord>> FindSlotRecord(CoreContext& c, const ClickedSlot& clicked);
 
 // The popup's texts, each field trimmed.

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <optional>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tresvane
@@ -24,6 +25,10 @@ namespace
 int s_faultAt = 0;
 // Atomic: the crews' calendars are written by a thread of their own.
 std::atomic<int> s_fileCalls = 0;
+// Every write into a file in place through any store, never reset: part of a file's
+// stamp, since such a write keeps the file's size and identity and may land within the
+// same tick of the file system's clock as the read before it.
+quint64 s_inPlaceWrites = 0;
 
 // Every call that changes the disk passes here; the crash test stops the process at one.
 void fileCall()
@@ -374,6 +379,21 @@ qint64 Store::FileSize(const QString& name) const
     return info.isFile() ? info.size() : 0;
 }
 
+FileStamp Store::Stamp(const QString& name) const
+{
+    FileStamp stamp;
+    stamp.inPlaceWrites = s_inPlaceWrites;
+    struct stat info;
+    const QByteArray path = QFile::encodeName(resolve(name));
+    if (::stat(path.constData(), &info) != 0 || !S_ISREG(info.st_mode)) return stamp;
+    stamp.exists = true;
+    stamp.size = info.st_size;
+    stamp.inode = qint64(info.st_ino);
+    stamp.modifiedNs = qint64(info.st_mtim.tv_sec) * 1000000000 + info.st_mtim.tv_nsec;
+    stamp.changedNs = qint64(info.st_ctim.tv_sec) * 1000000000 + info.st_ctim.tv_nsec;
+    return stamp;
+}
+
 Result<QByteArray> Store::ReadAll(const QString& name) const
 {
     if (m_pending)
@@ -482,6 +502,7 @@ Status Store::WriteRecordAt(const QString& name, int recordLength, qint64 record
         return {};
     }
     fileCall();
+    ++s_inPlaceWrites;
     QFile file(resolve(name));
     if (!file.open(QIODevice::ReadWrite)) return fail(QStringLiteral("Could not write"), name);
     if (!file.seek((recordNo - 1) * recordLength) || file.write(record) != recordLength ||
@@ -546,6 +567,7 @@ bool writeFlushed(const QString& absolute, const QByteArray& bytes)
 bool patchFlushed(const QString& absolute, qint64 offset, const QByteArray& bytes)
 {
     fileCall();
+    ++s_inPlaceWrites;
     QFile file(absolute);
     if (!file.open(QIODevice::ReadWrite) || !file.seek(offset) ||
         file.write(bytes) != bytes.size() || !file.flush())

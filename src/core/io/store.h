@@ -24,6 +24,20 @@ namespace tresvane
 // Whole files are replaced atomically (written beside the target, flushed to disk, then
 // renamed over it), so a crash leaves the old file or the new one, never a torn one.
 // A change that spans files goes through a Group, so it lands whole or not at all.
+// What a reader keeps to know that a file is as it read it: its identity, size and times on
+// disk, and the count of writes in place made through any store. Equal stamps mean the
+// file was not changed by this program and, as far as the file system can tell, by no
+// other.
+struct FileStamp {
+    bool exists = false;
+    qint64 size = 0;
+    qint64 inode = 0;
+    qint64 modifiedNs = 0;
+    qint64 changedNs = 0;
+    quint64 inPlaceWrites = 0;
+    bool operator==(const FileStamp&) const = default;
+};
+
 class Store
 {
 public:
@@ -115,6 +129,10 @@ public:
     static qint64 roundedRecords(qint64 bytes, int recordLength);
 
     qint64 FileSize(const QString& name) const;
+    // The file's stamp on disk. Not to be trusted while a group is open (changeOpen()),
+    // since the group's reads see changes that are not on disk.
+    FileStamp Stamp(const QString& name) const;
+    bool changeOpen() const { return m_groupDepth > 0; }
     // The whole file in one read; an empty array for a missing file.
     Result<QByteArray> ReadAll(const QString& name) const;
     // Replaces the whole file with bytes, atomically and flushed to disk.

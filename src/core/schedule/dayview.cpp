@@ -15,6 +15,22 @@ QString DayViewFreeText()
 
 namespace
 {
+// A record's day and team as one key: the same day of the year, the same last two
+// characters of its date (the year's last digits) and the same team. Empty when its date
+// does not read as one.
+QString dayKey(const QString& dateText, const QString& team)
+{
+    const std::optional<QDate> parsed = ParseShortDate(dateText);
+    if (!parsed) return {};
+    return QString::number(parsed->dayOfYear()) + u'|' + dateText.right(2) + u'|' + team;
+}
+
+QString dayKey(const QDate& date, const QString& team)
+{
+    return QString::number(date.dayOfYear()) + u'|' + FormatShortDate(date).right(2) + u'|' +
+           team.trimmed();
+}
+
 bool belongsToDay(const SlipRecord& r, const QDate& day, const QString& dayText,
                   const QString& team)
 {
@@ -57,14 +73,66 @@ Result<QList<SlipRecord>> ReadDayRecords(Store& store, const QDate& date, const 
     return day;
 }
 
-Result<TeamDay> ReadTeamDay(CoreContext& c, const QDate& date, const QString& team)
+Status DayRecordIndex::refresh(Store& store, const QString& name, File& file)
+{
+    const FileStamp stamp = store.Stamp(name);
+    if (file.built && stamp == file.stamp) return {};
+    file = File();
+    if (!store.FileExists(name)) {
+        file.built = true;
+        file.stamp = store.Stamp(name);
+        return {};
+    }
+    Result<QByteArray> bytes = store.ReadAll(name);
+    if (!bytes) return bytes.status();
+    file.bytes = std::move(*bytes);
+    const qint64 count = Store::roundedRecords(file.bytes.size(), kSlipRecordLength);
+    for (qint64 i = 0; i < count; ++i) {
+        const qint64 offset = i * kSlipRecordLength;
+        QString key;
+        if (offset + kSlipRecordLength <= file.bytes.size()) {
+            const RecordView r(SlipLayout(), file.bytes.constData() + offset);
+            key = dayKey(r.text(SlipField::EventDate), r.text(SlipField::TeamNo));
+        } else {
+            const SlipRecord r(QByteArrayView(file.bytes).sliced(offset));
+            key = dayKey(r.text(SlipField::EventDate), r.text(SlipField::TeamNo));
+        }
+        if (!key.isEmpty()) file.days[key].append(qint32(offset));
+    }
+    file.built = true;
+    file.stamp = stamp;
+    return {};
+}
+
+Result<QList<SlipRecord>> DayRecordIndex::records(Store& store, const QDate& date,
+                                                  const QString& team)
+{
+    // Reads inside an open change see what is not on disk yet: no stamp can vouch for them.
+    if (store.changeOpen()) return ReadDayRecords(store, date, team);
+    QList<SlipRecord> day;
+    const QString key = dayKey(date, team);
+    const QString names[] = {SlipsFileName(), MeetingsFileName()};
+    for (size_t f = 0; f < m_files.size(); ++f) {
+        File& file = m_files[f];
+        if (Status s = refresh(store, names[f], file); !s) return s;
+        for (const qint32 offset : file.days.value(key)) {
+            const qint64 length = qMin<qint64>(kSlipRecordLength, file.bytes.size() - offset);
+            day.append(SlipRecord(QByteArrayView(file.bytes.constData() + offset, length)));
+        }
+    }
+    return day;
+}
+
+Result<TeamDay> ReadTeamDay(CoreContext& c, const QDate& date, const QString& team,
+                            DayRecordIndex* index)
 {
     TeamDay day;
     day.team = team;
     day.date = date;
     if (Status s = LoadDay(c, date, team); !s) return s;
     day.slotTexts = GridFromDaySlots(c.v);
-    Result<QList<SlipRecord>> records = ReadDayRecords(c.store, date, team);
+    Result<QList<SlipRecord>> records =
+        index ? index->records(c.store, date, team) : ReadDayRecords(c.store, date, team);
     if (!records) return records.status();
     day.records = std::move(*records);
     return day;

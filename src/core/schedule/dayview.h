@@ -2,10 +2,13 @@
 
 #include "core/io/result.h"
 #include "core/io/sliprecord.h"
+#include "core/io/store.h"
 #include "core/schedule/dayfiles.h"
 #include "core/state/corecontext.h"
 
+#include <QByteArray>
 #include <QDate>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <array>
@@ -45,8 +48,30 @@ struct TeamDay {
     QList<SlipRecord> records; // of Slips.txt, then Meetings.txt, each in file order
 };
 
-// Loads the day file (made when missing, as LoadDay does) and the day's records.
-Result<TeamDay> ReadTeamDay(CoreContext& c, const QDate& date, const QString& team);
+// The day's records without reading the whole slip and meeting files at every change of
+// team or date: each file is read once and indexed by day and team, and read again only
+// when its stamp shows it changed. What the Scheduling Screen keeps while it is open.
+class DayRecordIndex
+{
+public:
+    // The same records as ReadDayRecords, in the same order.
+    Result<QList<SlipRecord>> records(Store& store, const QDate& date, const QString& team);
+
+private:
+    struct File {
+        bool built = false;
+        FileStamp stamp;
+        QByteArray bytes;
+        QHash<QString, QList<qint32>> days; // record offsets by day and team
+    };
+    Status refresh(Store& store, const QString& name, File& file);
+    std::array<File, 2> m_files;
+};
+
+// Loads the day file (made when missing, as LoadDay does) and the day's records, through
+// the index when there is one.
+Result<TeamDay> ReadTeamDay(CoreContext& c, const QDate& date, const QString& team,
+                            DayRecordIndex* index = nullptr);
 
 // The records of the team's day at `date`. A record belongs to it when its date has the
 // same day of the year and the same last two characters (the year's last digits) and its

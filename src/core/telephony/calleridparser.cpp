@@ -9,6 +9,9 @@ namespace
 constexpr int kNameWidth = 15;
 constexpr int kNumberWidth = 12;
 constexpr int kFewestDigits = 7;
+// Far longer than any tag line a modem sends: a longer line is none of a report's, and
+// the bytes of a line that never ends are not kept past it.
+constexpr qsizetype kLongestLine = 128;
 
 enum class Tag { None, Date, Time, Number, Name, Message };
 
@@ -42,7 +45,15 @@ QString CallerIdParser::formatNumber(const QString& digits)
 QList<CallerIdReport> CallerIdParser::feed(const QByteArray& bytes)
 {
     QList<CallerIdReport> out;
-    m_pending += bytes;
+    qsizetype from = 0;
+    if (m_skipping) {
+        // The rest of an over-long line is passed over up to its line end.
+        while (from < bytes.size() && bytes[from] != '\r' && bytes[from] != '\n')
+            ++from;
+        if (from == bytes.size()) return out;
+        m_skipping = false;
+    }
+    m_pending += QByteArrayView(bytes).sliced(from);
     qsizetype start = 0;
     for (;;) {
         qsizetype end = start;
@@ -59,6 +70,15 @@ QList<CallerIdReport> CallerIdParser::feed(const QByteArray& bytes)
         start = next;
     }
     m_pending.remove(0, start);
+    if (m_pending.size() > kLongestLine) {
+        // Taken now as the line that is no tag it will be, so that a modem that never ends
+        // a line cannot fill the memory. When its line end has come (a CR waiting for a
+        // possible LF), the CR stays and the next line is read as ever.
+        close(out);
+        const bool ended = m_pending.endsWith('\r');
+        m_pending = ended ? QByteArray("\r") : QByteArray();
+        m_skipping = !ended;
+    }
     return out;
 }
 
@@ -68,6 +88,7 @@ QList<CallerIdReport> CallerIdParser::endOfInput()
     // A lone CR at the very end is a whole line end after all.
     if (m_pending.endsWith('\r')) takeLine(m_pending.chopped(1), out);
     m_pending.clear();
+    m_skipping = false;
     close(out);
     return out;
 }
@@ -75,7 +96,7 @@ QList<CallerIdReport> CallerIdParser::endOfInput()
 void CallerIdParser::takeLine(QByteArray line, QList<CallerIdReport>& out)
 {
     QByteArray value;
-    const Tag tag = parseTag(line, value);
+    const Tag tag = line.size() > kLongestLine ? Tag::None : parseTag(line, value);
     if (tag == Tag::None) {
         close(out);
         return;

@@ -18,9 +18,10 @@ struct CallerIdReport {
 // lines (DATE, TIME, NMBR, DDN_NMBR, NAME, MESG), with or without blanks around "=", in
 // any order; modems differ in which tags they send. Bytes arrive in pieces of any size, so
 // lines are only looked at once their line end has arrived, and a report is only handed
-// out once it is whole: when a line that is no tag follows it (a blank line, "RING"),
-// when a tag comes a second time (the next report has begun), when it holds both a number
-// and a name, or when the line has gone quiet (endOfInput()).
+// out once it is whole: when a line that is no tag follows it (a blank line, "RING", a
+// line longer than any tag line, whose bytes are not kept), when a tag comes a second time
+// (the next report has begun), when it holds both a number and a name, or when the line
+// has gone quiet (endOfInput()).
 class CallerIdParser
 {
 public:
@@ -38,8 +39,9 @@ private:
     void takeLine(QByteArray line, QList<CallerIdReport>& out);
     void close(QList<CallerIdReport>& out);
 
-    QByteArray m_pending; // bytes after the last complete line
-    bool m_open = false;  // a report has begun
+    QByteArray m_pending;    // bytes after the last complete line
+    bool m_skipping = false; // within a line too long to be a report's
+    bool m_open = false;     // a report has begun
     bool m_hasNumber = false;
     bool m_hasName = false;
     bool m_seenDate = false;

@@ -534,7 +534,7 @@ void frmMain::Calender_Change(const QDate& picked)
 
 void frmMain::loadDay()
 {
-    Result<TeamDay> day = ReadTeamDay(c, m_currentDate, c.v.CurrentTeam);
+    Result<TeamDay> day = ReadTeamDay(c, m_currentDate, c.v.CurrentTeam, &m_dayIndex);
     if (fail(day.status())) return;
     m_day = std::move(*day);
     showGrid(m_day.slotTexts);

@@ -175,6 +175,7 @@ private:
     QDate m_currentDate;
     // The team's day on the screen, read once per change of team or date.
     TeamDay m_day;
+    DayRecordIndex m_dayIndex;
     // What the grid's slot column shows, with the event placed by the clicks.
     GridColumn m_grid;
     int m_gridRow = 1;

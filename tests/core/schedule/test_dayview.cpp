@@ -63,7 +63,9 @@ private slots:
     void recordsOfTheDay();
     void readingStopsOnceEveryHourIsAccounted();
     void textMessage();
+    void teamDayHoldsSlotsAndWholeRecords_data();
     void teamDayHoldsSlotsAndWholeRecords();
+    void indexKeepsUpWithEveryChange();
 };
 
 void TestDayView::recordsOfTheDay()
@@ -118,8 +120,17 @@ void TestDayView::textMessage()
     QVERIFY(SlipTextMessage(r, v).contains("\r\nat \r\n"));
 }
 
+void TestDayView::teamDayHoldsSlotsAndWholeRecords_data()
+{
+    QTest::addColumn<bool>("indexed");
+    QTest::newRow("read") << false;
+    QTest::newRow("indexed") << true;
+}
+
 void TestDayView::teamDayHoldsSlotsAndWholeRecords()
 {
+    QFETCH(bool, indexed);
+    DayRecordIndex index;
     ProgramFolder f;
     BuildTimeLabels(f.v);
     QByteArray anna = slip("Anna", "05/05/2026", "2", 1, 2);
@@ -135,7 +146,7 @@ void TestDayView::teamDayHoldsSlotsAndWholeRecords()
     lines[5] = "Mtg - 11:00 - Cut";
     f.put("2026/Team#2/125.txt", (lines.join("\r\n") + "\r\n").toLatin1());
 
-    Result<TeamDay> day = ReadTeamDay(f.ctx, kDay, "2");
+    Result<TeamDay> day = ReadTeamDay(f.ctx, kDay, "2", indexed ? &index : nullptr);
     QVERIFY2(day, qPrintable(day.message()));
     QCOMPARE(day->slotTexts[0], QString("SA125-1 Anna"));
     QCOMPARE(day->slotTexts[2], QString("No Event Scheduled"));
@@ -145,6 +156,67 @@ void TestDayView::teamDayHoldsSlotsAndWholeRecords()
     QCOMPARE(day->records[2].text(SlipField::Name), QString("Cut"));
     QCOMPARE(names(DayViewOf(day->records, day->slotTexts)),
              QString("Anna Anna - Mtg - Cut - - - - - -"));
+}
+
+// The screen's index answers as a fresh read of the files does, after every kind of change
+// between two changes of day, however quickly they follow each other.
+void TestDayView::indexKeepsUpWithEveryChange()
+{
+    ProgramFolder f;
+    f.put("Slips.txt", slip("Anna", "05/05/2026", "2", 1, 1) + slip("Bo", "05/06/2026", "2", 1, 1));
+    DayRecordIndex index;
+    const auto agree = [&](const QDate& date, const QString& team, const QString& expected) {
+        Result<QList<SlipRecord>> cached = index.records(f.store, date, team);
+        Result<QList<SlipRecord>> read = ReadDayRecords(f.store, date, team);
+        if (!cached || !read) return false;
+        QStringList got;
+        for (const SlipRecord& r : *cached)
+            got << r.text(SlipField::Name);
+        if (got.join(' ') != expected) qWarning() << got << "expected" << expected;
+        QStringList fresh;
+        for (const SlipRecord& r : *read)
+            fresh << r.text(SlipField::Name);
+        return got.join(' ') == expected && fresh == got;
+    };
+    const QDate next = kDay.addDays(1);
+    QVERIFY(agree(kDay, "2", "Anna"));
+    QVERIFY(agree(next, "2", "Bo"));
+    QVERIFY(agree(kDay, "3", ""));
+
+    // A new slip appended through the store.
+    SlipRecord cy(slip("Cy", "05/05/2026", "2", 3, 1));
+    QVERIFY(AppendSlip(f.store, SlipsFileName(), cy));
+    QVERIFY(agree(kDay, "2", "Anna Cy"));
+
+    // A record rewritten in place, same size, at once: a name changed, then a move to
+    // another day.
+    SlipRecord renamed(slip("Ann", "05/05/2026", "2", 1, 1));
+    QVERIFY(f.store.WriteRecordAt(SlipsFileName(), kSlipRecordLength, 1, renamed.bytes()));
+    QVERIFY(agree(kDay, "2", "Ann Cy"));
+    SlipRecord moved(slip("Ann", "05/06/2026", "2", 2, 1));
+    QVERIFY(f.store.WriteRecordAt(SlipsFileName(), kSlipRecordLength, 1, moved.bytes()));
+    QVERIFY(agree(kDay, "2", "Cy"));
+    QVERIFY(agree(next, "2", "Ann Bo"));
+
+    // Another program replaces the file, and a meetings file appears.
+    f.put("Slips.txt", slip("Di", "05/05/2026", "2", 5, 1));
+    f.put("Meetings.txt", slip("Mtg", "05/05/2026", "2", 6, 1));
+    QVERIFY(agree(kDay, "2", "Di Mtg"));
+    QVERIFY(agree(next, "2", ""));
+
+    // Inside an open change the reads see it; once it is dropped, they no longer do.
+    {
+        Store::Group change(f.store);
+        QVERIFY(
+            AppendSlip(f.store, SlipsFileName(), SlipRecord(slip("Ed", "05/05/2026", "2", 7, 1))));
+        QVERIFY(agree(kDay, "2", "Di Ed Mtg"));
+    }
+    QVERIFY(agree(kDay, "2", "Di Mtg"));
+
+    // The files gone.
+    QVERIFY(f.store.KillIfPresent(SlipsFileName()));
+    QVERIFY(f.store.KillIfPresent(MeetingsFileName()));
+    QVERIFY(agree(kDay, "2", ""));
 }
 
 QTEST_GUILESS_MAIN(TestDayView)

@@ -88,6 +88,46 @@ private slots:
         }
     }
 
+    // A line longer than any tag line closes the report before it, is no name or number
+    // itself, and is not kept however long it runs: a report after it reads as ever,
+    // however the bytes are split.
+    void overlongLines_data()
+    {
+        QTest::addColumn<QByteArray>("input");
+        QTest::addColumn<QStringList>("names");
+        const QByteArray report = "NMBR = 8475550001\r\nNAME = AFTER\r\n";
+        QTest::newRow("noise without a line end, then a report")
+            << QByteArray(100000, 'x') + "\r\n" + report << QStringList{"AFTER"};
+        QTest::newRow("noise closes the report before it")
+            << "NMBR = 9196278340\r\n" + QByteArray(500, '~') + "\n" + report
+            << QStringList{"", "AFTER"};
+        QTest::newRow("a name line past any modem's")
+            << "NMBR = 9196278340\r\nNAME = " + QByteArray(200, 'A') + "\r\n" + report
+            << QStringList{"", "AFTER"};
+        // The noise's lone CR is the last byte of a piece: the report right after it is
+        // still read.
+        QTest::newRow("noise ended by a lone CR")
+            << QByteArray(133, '\xff') + "\r" + report << QStringList{"AFTER"};
+    }
+
+    void overlongLines()
+    {
+        QFETCH(QByteArray, input);
+        QFETCH(QStringList, names);
+        for (const qsizetype piece :
+             {qsizetype(1), qsizetype(7), qsizetype(129), qsizetype(134), input.size()}) {
+            CallerIdParser parser;
+            QStringList got;
+            for (qsizetype at = 0; at < input.size(); at += piece)
+                for (const CallerIdReport& r : parser.feed(input.mid(at, piece)))
+                    got << r.name;
+            for (const CallerIdReport& r : parser.endOfInput())
+                got << r.name;
+            QVERIFY2(got == names,
+                     qPrintable(QStringLiteral("pieces of %1: %2").arg(piece).arg(got.join(u'|'))));
+        }
+    }
+
     // A report is handed out only once it is whole: half a NAME line is not yet a name.
     void waitsForTheWholeReport()
     {

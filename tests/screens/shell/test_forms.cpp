@@ -4,8 +4,16 @@
 #include "testclock.h"
 
 #include "app/app.h"
+#include "core/calendar/slippopup.h"
 #include "core/customers/customerediting.h"
+#include "core/io/sliprecord.h"
+#include "core/io/store.h"
+#include "core/io/usforms.h"
 #include "core/ports/dialogs.h"
+#include "screens/calendar/frmblock.h"
+#include "screens/calendar/frmdisplay.h"
+#include "screens/calendar/frmreccuringevents.h"
+#include "screens/calendar/frmslip.h"
 #include "screens/customers/customerauxpanel.h"
 #include "screens/customers/customersearchpanel.h"
 #include "screens/customers/frmcustomer.h"
@@ -255,6 +263,35 @@ struct Office {
             app->OpenEntry(MenuEntry::ServiceHistory);
             return app->history;
         }
+        if (state == "recurring events") {
+            app->OpenEntry(MenuEntry::RecurringEvents);
+            QWidget* w = app->recurring;
+            w->findChild<QAbstractButton*>("optNoCustomer")->click();
+            w->findChild<QAbstractButton*>("cmdContinue")->click();
+            w->findChild<QAbstractButton*>("CmdButton_4")->click();
+            w->findChild<QWidget*>("fraConflict")->setVisible(true);
+            return w;
+        }
+        if (state == "blocked days") {
+            app->OpenEntry(MenuEntry::VacationAndHoliday);
+            app->block->findChild<QWidget*>("fraBlockedDays")->setVisible(true);
+            return app->block;
+        }
+        if (state == "work schedules") {
+            app->OpenEntry(MenuEntry::DisplaySchedules);
+            return app->display;
+        }
+        if (state == "slip popup") {
+            app->OpenEntry(MenuEntry::DisplaySchedules);
+            // The first slip of the file, as a click on its first hour finds it.
+            const SlipRecord slip(app->store.ReadAll("/Slips.txt")->left(kSlipRecordLength));
+            const ClickedSlot clicked{
+                SlotFile::Slips, *ParseShortDate(slip.text(SlipField::EventDate)),
+                slip.text(SlipField::TeamNo).toInt(), slip.text(SlipField::StartSlot).toInt(),
+                slip.text(SlipField::ConfirmationNo) + u' ' + slip.text(SlipField::Name)};
+            frmSlip* popup = app->display->popup();
+            return popup->ShowSlip(clicked, QStringLiteral("North Truck")) ? popup : nullptr;
+        }
         if (state.startsWith("contract")) {
             customerInHand();
             app->v.Mode = Mode::Contract;
@@ -294,6 +331,8 @@ const QStringList& screenStates()
                                     "stored slips",      "records list",
                                     "records detail",    "records search",
                                     "history",           "courtesy calls",
+                                    "recurring events",  "blocked days",
+                                    "work schedules",    "slip popup",
                                     "contract",          "contract manual",
                                     "work order"};
     return states;
