@@ -1,9 +1,13 @@
 // The crews' schedules of a whole day into a PDF: all 30 teams, each with twelve one-hour
-// slips, found among the 50,000 slips of a full Slips.txt, drawn and written.
+// slips, found among the 50,000 slips of a full Slips.txt, drawn and written. Then one
+// team's invoices of that day, twelve pages in each style with full price lists and a
+// memo.
 #include "benchharness.h"
 
+#include "core/documents/invoices.h"
 #include "core/documents/printframe.h"
 #include "core/documents/workschedule.h"
+#include "core/io/itemrecords.h"
 #include "core/io/sliprecord.h"
 #include "core/io/store.h"
 #include "core/io/usforms.h"
@@ -93,5 +97,50 @@ int main(int argc, char* argv[])
         5);
     Report(QStringLiteral("schedules pdf"), ms, FloorMs(folder, {"/Slips.txt"}, 5));
     std::fprintf(stderr, "%d pages, %lld bytes\n", pages, qint64(QFileInfo(pdf).size()));
-    return pages == 30 ? 0 : 1;
+    if (pages != 30) return 1;
+
+    // Full lists on every invoice: eight services, eight items, the repair list's thirteen.
+    QByteArray services, items, repair;
+    for (int i = 1; i <= 13; ++i) {
+        ServiceRecord service;
+        service.setText(ServiceField::ServiceName, QStringLiteral("Seasonal service %1").arg(i));
+        service.setText(ServiceField::ServicePrice, QStringLiteral("%1.50").arg(40 + i));
+        InventoriedItemRecord item;
+        item.setText(InventoriedItemField::StockName, QStringLiteral("Replacement part %1").arg(i));
+        item.setCurrency(InventoriedItemField::StockPrice, 125000 * i);
+        InvoiceItemRecord line;
+        line.setText(InvoiceItemField::ItemName, QStringLiteral("Repair item %1").arg(i));
+        line.setText(InvoiceItemField::ItemPrice, QStringLiteral("%1.00").arg(10 * i));
+        if (i <= 8) services += service.bytes();
+        if (i <= 8) items += item.bytes();
+        repair += line.bytes();
+    }
+    write(folder + CurrentServicesFileName(), services);
+    write(folder + CurrentItemsFileName(), items);
+    write(folder + InventoriedItemsFileName(), items);
+    write(folder + InvoiceItemsFileName(), repair);
+    write(folder + QStringLiteral("/ServiceInvoiceMemo.txt"),
+          "Thank you for your business. Payment is due within 30 days of the invoice date.\r\n");
+    const std::pair<InvoiceStyle, const char*> styles[] = {
+        {InvoiceStyle::ServiceOrder, "service order"},
+        {InvoiceStyle::Repair, "repair"},
+        {InvoiceStyle::Office, "office"}};
+    for (const auto& [style, name] : styles) {
+        const InvoiceRequest request{day, 1, style, true, true, 0};
+        int invoices = 0;
+        const double invoiceMs = MedianMs(
+            [&] {
+                Result<int> written = PrintDocumentsToPdf(pdf, [&](PrintSurface& surface) {
+                    PrintJob job{surface, DocumentSettingsOf(v)};
+                    return PrintInvoices(job, store, v, request).status();
+                });
+                Must(written.status());
+                invoices = *written;
+            },
+            5);
+        Report(QStringLiteral("invoices pdf (%1)").arg(QString::fromLatin1(name)), invoiceMs,
+               FloorMs(folder, {"/Slips.txt"}, 5));
+        if (invoices != 12) return 1;
+    }
+    return 0;
 }

@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 QString LimitFolder()
 {
     const QString folder = QDir::tempPath() + QStringLiteral("/tresvane-bench-limits-v2");
@@ -79,5 +78,4 @@ void Report(const QString& name, double ms, double floorMs)
                 floorMs > 0 ? ms / floorMs : 0.0);
     std::fflush(stdout);
 }
-
 } // namespace tresvane

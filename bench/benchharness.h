@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // A sample installation at the formats' limits (30 teams, 32,767 customers, 50,000 slips),
 // made once and kept under the system's temporary folder for later runs.
 QString LimitFolder();
@@ -20,5 +19,4 @@ double FloorMs(const QString& folder, const QStringList& files, int runs = 15);
 void Must(const Status& s);
 // Prints "<name>: <t> ms, floor <f> ms, ratio <t/f>".
 void Report(const QString& name, double ms, double floorMs);
-
 } // namespace tresvane

@@ -11,6 +11,7 @@
 #include "app/app.h"
 #include "core/calendar/slippopup.h"
 #include "core/documents/printframe.h"
+#include "core/documents/workorderdocument.h"
 #include "core/documents/workschedule.h"
 #include "core/io/itemrecords.h"
 #include "core/io/sliprecord.h"
@@ -246,6 +247,30 @@ void grabDocuments(App& app, const QString& out)
     w->cmdWO_Click(10);
     w->cmdWO_Click(4);
     grab(w, out, QStringLiteral("workorder"));
+
+    // Its pages as the preview shows them: the narrative, the list, the completion summary.
+    WorkOrderContent content;
+    content.heading = QStringLiteral("Work Order");
+    content.date = QDate::currentDate();
+    content.account = v.current.account;
+    content.customerLines = {v.current.name, v.current.address1, v.current.address2,
+                             v.current.city + QStringLiteral(", ") + v.current.state + u' ' +
+                                 v.current.zip};
+    content.narrative =
+        w->findChild<QPlainTextEdit*>(QStringLiteral("txtWONarrative"))->toPlainText().split(u'\n');
+    content.services = {
+        {QStringLiteral("Furnace inspection and cleaning"), QStringLiteral("$89.50")}};
+    content.items = {{QStringLiteral("Filter 16x25x1"), QStringLiteral("$12.95")},
+                     {QStringLiteral("Condensate pump"), QStringLiteral("$145.00")}};
+    Result<int> pages =
+        PrintDocumentsToPdf(out + QStringLiteral("/workorder.pdf"), [&](PrintSurface& surface) {
+            PrintJob job{surface, DocumentSettingsOf(v)};
+            PrintWorkOrder(job, content);
+            PrintJob summary{surface, DocumentSettingsOf(v)};
+            PrintCompletionSummary(summary, content);
+            return Status();
+        });
+    if (!pages) QTextStream(stderr) << pages.message() << '\n';
 }
 
 // The recurring events screen with dates chosen and a range open, the blocked days with

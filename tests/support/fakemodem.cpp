@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 FakeModem::FakeModem(QObject* parent) : QObject(parent)
 {
     char name[256] = {};
@@ -113,5 +112,4 @@ void FakeModem::writeMaster(const QByteArray& bytes)
         done += n;
     }
 }
-
 } // namespace tresvane

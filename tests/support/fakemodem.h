@@ -9,7 +9,6 @@ class QSocketNotifier;
 
 namespace tresvane
 {
-
 // A voice modem on the far end of a pseudo-terminal. The program opens devicePath() like
 // any serial device; the modem echoes what it is sent, answers a command it knows with OK
 // and any other with ERROR, and keeps a log of the commands.
@@ -71,5 +70,4 @@ private:
     bool m_cid = false;
     bool m_cidSupported = true;
 };
-
 } // namespace tresvane

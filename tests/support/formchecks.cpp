@@ -20,7 +20,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -216,5 +215,4 @@ QStringList ClippedTexts(QWidget* window)
     }
     return clipped;
 }
-
 } // namespace tresvane

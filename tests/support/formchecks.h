@@ -7,7 +7,6 @@ class QWidget;
 
 namespace tresvane
 {
-
 // Checks of a window as a person meets it: the way the Tab key takes through it, and text
 // that does not fit the room it is given. Each returns what it found wrong, one line per
 // fault naming the widgets, so an empty list is a pass.
@@ -24,5 +23,4 @@ QStringList TabOrderFaults(QWidget* window);
 // Labels, buttons, group captions and column headings whose text is wider than the room
 // their widget gives it.
 QStringList ClippedTexts(QWidget* window);
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 static QString makeProgramFolder(const QTemporaryDir& parent)
 {
     const QString root = parent.path() + QStringLiteral("/Program");
@@ -60,5 +59,4 @@ QMap<QString, QByteArray> ProgramFolder::snapshot() const
     }
     return files;
 }
-
 } // namespace tresvane

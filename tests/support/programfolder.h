@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 // A program folder in a temporary directory, with the seams a core routine needs, and
 // helpers to lay files down and read them back byte by byte. The folder stands alone in a
 // private temporary folder of its own, so a test may look at what lies beside it ("../x")
@@ -40,5 +39,4 @@ public:
     DispatchingVariables v;
     CoreContext ctx;
 };
-
 } // namespace tresvane

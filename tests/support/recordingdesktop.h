@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 // The desktop as a recorder: what would have been opened or copied.
 class RecordingDesktop final : public Desktop
 {
@@ -28,5 +27,4 @@ public:
     QStringList openedFiles;
     QString clipboard;
 };
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 double RecordingPrintSurface::pageWidth() const
 {
     return orientation() == Orientation::Portrait ? 8.0 * 1440 : 10.5 * 1440;
@@ -142,5 +141,4 @@ QList<RecordingPrintSurface::Op> RecordingPrintSurface::document(int index) cons
         if (op.kind == Op::Text && op.document == index) out << op;
     return out;
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // A printer that writes down what is drawn on it, with text metrics simple enough to work
 // positions out by hand: every letter is half an em wide (100 twips at 10 point) and a
 // line 1.2 em high (240 twips at 10 point). The page is US letter less a quarter inch on
@@ -69,5 +68,4 @@ inline double Inches(double twips)
 {
     return twips / 1440.0;
 }
-
 } // namespace tresvane

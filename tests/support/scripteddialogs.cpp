@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 ScriptedDialogs& ScriptedDialogs::expect(const QString& text, const QString& title, Answer answer)
 {
     m_expected.append({text, title, answer, false});
@@ -55,5 +54,4 @@ QString ScriptedDialogs::problems() const
         all << QStringLiteral("expected message never came: \"%1\"").arg(e.text);
     return all.join(u'\n');
 }
-
 } // namespace tresvane

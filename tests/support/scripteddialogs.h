@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // The user, as a script: each expected message with its answer, in order. A message that
 // was not expected fails the test (it is recorded and reported by verifyDone()).
 class ScriptedDialogs final : public Dialogs
@@ -49,5 +48,4 @@ private:
 
 // Fails the current test with what the script saw when it was not met.
 #define VERIFY_DIALOGS(d) QVERIFY2((d).done(), qPrintable((d).problems()))
-
 } // namespace tresvane

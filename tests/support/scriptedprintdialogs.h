@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // The person at the print dialog and the preview, as a script: the dialog is answered
 // with a PDF file (or a cancel), and the preview's pages are written to a PDF file, so
 // that a test reads back what a person would have seen. Only for tests that link the
@@ -45,5 +44,4 @@ public:
         paint(&printer);
     }
 };
-
 } // namespace tresvane

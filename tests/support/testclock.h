@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The tests' clock: 30 April 2026, 9 am, unless told otherwise.
 class TestClock final : public FixedClock
 {
@@ -14,5 +13,4 @@ public:
     {
     }
 };
-
 } // namespace tresvane

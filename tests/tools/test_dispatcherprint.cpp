@@ -4,6 +4,8 @@
 #include "programfolder.h"
 #include "sampleinstallation.h"
 
+#include "core/io/sliprecord.h"
+
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -74,6 +76,9 @@ private slots:
     void oneTeamExtended();
     void badRequestsAreRefused_data();
     void badRequestsAreRefused();
+    void invoicesOfATeamsDay_data();
+    void invoicesOfATeamsDay();
+    void dayWithoutInvoicesWritesNoFile();
 };
 
 void TestDispatcherPrint::everyTeamsWorkDayToOnePdf()
@@ -153,6 +158,27 @@ void TestDispatcherPrint::badRequestsAreRefused_data()
     QTest::newRow("an option without its value") << missingValue << 2 << "--pdf needs a value";
     QTest::newRow("a team the folder does not have") << team9 << 1 << "no team 9";
     QTest::newRow("no such folder") << noFolder << 1 << "/no/such/folder";
+    const QStringList invoices{"FOLDER", "--date",     "05/05/2026", "--team",
+                               "1",      "--invoices", "--pdf",      "PDF"};
+    QTest::newRow("invoices and a schedule") << (QStringList(invoices) << "--schedule"
+                                                                       << "workday")
+                                             << 2 << "--schedule or --invoices";
+    QStringList allTeams = invoices;
+    allTeams.replace(3, "--all-teams");
+    allTeams.removeAt(4);
+    QTest::newRow("invoices of all teams") << allTeams << 2 << "one team";
+    QTest::newRow("an unknown style") << (QStringList(invoices) << "--style"
+                                                                << "fancy")
+                                      << 2 << "service, repair or office";
+    QTest::newRow("no blank invoices") << (QStringList(invoices) << "--blank"
+                                                                 << "0")
+                                       << 2 << "--blank is a number";
+    QTest::newRow("blank invoices in words") << (QStringList(invoices) << "--blank"
+                                                                       << "three")
+                                             << 2 << "--blank is a number";
+    QTest::newRow("a style for a schedule") << (QStringList(good) << "--style"
+                                                                  << "repair")
+                                            << 2 << "go with --invoices";
 }
 
 void TestDispatcherPrint::badRequestsAreRefused()
@@ -173,6 +199,106 @@ void TestDispatcherPrint::badRequestsAreRefused()
     QVERIFY2(r.err.contains(said), qPrintable(r.err));
     QVERIFY(!QFileInfo::exists(out.filePath("x.pdf")));
     QCOMPARE(f.snapshot(), before);
+}
+
+namespace
+{
+// Team 1's day of 5 May 2026 with two slips over three hours, the setup's style as given
+// (the settings' fields 6 and 7), and the stock file that offers the service order.
+void invoiceFolder(ProgramFolder& f, const char* office, const char* serviceOrder)
+{
+    f.put("Assignto.txt", "\"North Truck\"\r\n\"South Truck\"\r\n");
+    f.put("TresvaneDispatcherSettings.txt", QByteArray("8\r\n5\r\n#TRUE#\r\n#TRUE#\r\n1\r\n") +
+                                                office + "\r\n" + serviceOrder + "\r\n1\r\n1\r\n");
+    f.put("TVInventoriedItems.txt", QByteArray(104, ' '));
+    const QByteArray free = "\"No Event Scheduled\"\r\n";
+    f.put("2026/Team#1/125.txt", free.repeated(2) +
+                                     QByteArray("\"12044 Ada Byron\"\r\n").repeated(2) +
+                                     "\"12045 Hill Bakery\"\r\n" + free.repeated(7));
+    QByteArray slips;
+    for (const auto& [number, name, start] :
+         {std::tuple{"12044", "Ada Byron", 3}, std::tuple{"12045", "Hill Bakery", 5}}) {
+        SlipRecord r;
+        r.setText(SlipField::RecType, QStringLiteral("Service"));
+        r.setText(SlipField::ConfirmationNo, QString::fromLatin1(number));
+        r.setText(SlipField::TeamNo, QStringLiteral("1"));
+        r.setText(SlipField::TimeUnit, QStringLiteral("Hours"));
+        r.setText(SlipField::Hours, QStringLiteral("1"));
+        r.setText(SlipField::EventDate, QStringLiteral("05/05/2026"));
+        r.setText(SlipField::StartSlot, QString::number(start));
+        r.setText(SlipField::Name, QString::fromLatin1(name));
+        slips += r.bytes();
+    }
+    f.put("Slips.txt", slips);
+}
+} // namespace
+
+void TestDispatcherPrint::invoicesOfATeamsDay_data()
+{
+    QTest::addColumn<QString>("office");
+    QTest::addColumn<QString>("serviceOrder");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("pages");
+    QTest::addColumn<QString>("size");
+    QTest::addColumn<QString>("printed");
+    QTest::newRow("the setup's service order") << "#FALSE#"
+                                               << "#TRUE#" << QStringList{} << 2 << "612 x 792"
+                                               << "Service Order/Invoice";
+    QTest::newRow("the setup's office invoice") << "#TRUE#"
+                                                << "#FALSE#" << QStringList{} << 2 << "612 x 792"
+                                                << "Service Attn No.";
+    QTest::newRow("the setup's repair invoice") << "#FALSE#"
+                                                << "#FALSE#" << QStringList{} << 2 << "792 x 612"
+                                                << "REPAIR INVOICE";
+    QTest::newRow("a style asked for")
+        << "#TRUE#"
+        << "#FALSE#" << QStringList{"--style", "repair"} << 2 << "792 x 612"
+        << "REPAIR INVOICE";
+    QTest::newRow("blank invoices") << "#FALSE#"
+                                    << "#TRUE#" << QStringList{"--blank", "3"} << 3 << "792 x 612"
+                                    << "REPAIR INVOICE";
+}
+
+void TestDispatcherPrint::invoicesOfATeamsDay()
+{
+    QFETCH(QString, office);
+    QFETCH(QString, serviceOrder);
+    QFETCH(QStringList, options);
+    QFETCH(int, pages);
+    QFETCH(QString, size);
+    QFETCH(QString, printed);
+    ProgramFolder f;
+    invoiceFolder(f, qPrintable(office), qPrintable(serviceOrder));
+    const QMap<QString, QByteArray> before = f.snapshot();
+    QTemporaryDir out;
+    const QString file = out.filePath("invoices.pdf");
+    const Ran r = runTool(
+        QStringList{f.root(), "--date", "05/05/2026", "--team", "1", "--invoices", "--pdf", file} +
+        options);
+    QVERIFY2(r.exitCode == 0, qPrintable(r.err));
+    QCOMPARE(r.out, QStringLiteral("%1 pages written to %2\n").arg(pages).arg(file));
+    QCOMPARE(::pages(file), pages);
+    QVERIFY(pdf("pdfinfo", {file}).contains(size));
+    const QString first = pageText(file, 1);
+    QVERIFY2(first.contains(printed), qPrintable(first));
+    QCOMPARE(first.contains("Ada Byron"), !options.contains("--blank"));
+    if (!options.contains("--blank")) QVERIFY(pageText(file, 2).contains("Hill Bakery"));
+    QCOMPARE(f.snapshot(), before);
+}
+
+void TestDispatcherPrint::dayWithoutInvoicesWritesNoFile()
+{
+    ProgramFolder f;
+    invoiceFolder(f, "#FALSE#", "#FALSE#");
+    QTemporaryDir out;
+    const QString file = out.filePath("invoices.pdf");
+    const Ran r =
+        runTool({f.root(), "--date", "05/06/2026", "--team", "1", "--invoices", "--pdf", file});
+    QCOMPARE(r.exitCode, 0);
+    QVERIFY2(r.out.contains("There are no invoices for this day"), qPrintable(r.out));
+    QVERIFY(r.out.contains("North Truck"));
+    QVERIFY(r.out.contains("No file written."));
+    QVERIFY(!QFileInfo::exists(file));
 }
 
 QTEST_GUILESS_MAIN(TestDispatcherPrint)

@@ -14,7 +14,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -179,5 +178,4 @@ QStringList BookingWarnings(Store& store, const QDate& today)
     }
     return warnings;
 }
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // Cross-checks the slip records against the team day files, which the program keeps in
@@ -16,5 +15,4 @@ class Store;
 // on their day (the team may be booked twice). Days before today are not looked at:
 // their files are purged at every start.
 QStringList BookingWarnings(Store& store, const QDate& today);
-
 } // namespace tresvane

@@ -29,7 +29,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -472,5 +471,4 @@ FolderCheck CheckFolder(const QString& folder, QByteArray* json, QDate today)
     }
     return check;
 }
-
 } // namespace tresvane

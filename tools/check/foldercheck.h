@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // Reads every data file of an installation with the program's own readers, and never
 // writes to the folder. Office staff run it before moving an installation; support runs
 // it on a folder sent in.
@@ -28,5 +27,4 @@ struct FolderCheck {
 // are the file names (records as objects keyed by field names; day files under "days").
 // The bookings are cross-checked from today (the system's date when not given) on.
 FolderCheck CheckFolder(const QString& folder, QByteArray* json = nullptr, QDate today = {});
-
 } // namespace tresvane

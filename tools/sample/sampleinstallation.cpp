@@ -20,7 +20,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -333,5 +332,4 @@ Result<SampleSummary> WriteSampleInstallation(const QString& folder, const Sampl
         if (Status s = store.WriteFile("/UnscheduledSlips.txt", storedBytes); !s) return s;
     return summary;
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // A realistic data folder of a chosen size, the same for the same seed: teams, customers
 // with names and addresses, contracts, slips and meetings with the day files that hold
 // them, and a few stored slips. Used to show a new user a working schedule, and by the
@@ -32,5 +31,4 @@ struct SampleSummary {
 // Writes the installation into folder (made when missing). Existing data files there are
 // replaced; the caller picks an empty folder.
 Result<SampleSummary> WriteSampleInstallation(const QString& folder, const SampleOptions& options);
-
 } // namespace tresvane

@@ -14,7 +14,6 @@
 
 namespace tresvane
 {
-
 QStringList BlockReasons()
 {
     return {QStringLiteral("Vacation"), QStringLiteral("Holiday"), QStringLiteral("Personal Day"),
@@ -165,5 +164,4 @@ Result<QList<BlockedDayRow>> FindBlockedDays(CoreContext& c, const QDate& from, 
     }
     return rows;
 }
-
 } // namespace tresvane

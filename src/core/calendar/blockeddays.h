@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 // Whole work days of a team kept free of work (a vacation, a holiday) and given back. A
 // blocked day is a day file whose twelve lines all hold the reason, so the Scheduling
 // Screen shows every hour taken and refuses each click on it.
@@ -63,5 +62,4 @@ struct BlockedDayRow {
 // folders /<year>/DaySchedules<n>/<day of year>.txt that a sibling program writes (this
 // program never makes them): a day whose first line is one of the four reasons.
 Result<QList<BlockedDayRow>> FindBlockedDays(CoreContext& c, const QDate& from, const QDate& to);
-
 } // namespace tresvane

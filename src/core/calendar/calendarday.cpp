@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 QString TeamDayFile(const QDate& date, int team)
 {
     return QStringLiteral("/%1/Team#%2/%3.txt")
@@ -37,5 +36,4 @@ Result<DayTexts> ReadDayTexts(Store& store, const QString& file)
     }
     return day;
 }
-
 } // namespace tresvane

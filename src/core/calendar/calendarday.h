@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // One team's day as the calendar tools read and write it: the twelve slot texts of its day
@@ -26,5 +25,4 @@ Result<DayTexts> ReadDayTexts(Store& store, const QString& file);
 
 // Twelve free slots.
 DayTexts FreeDay();
-
 } // namespace tresvane

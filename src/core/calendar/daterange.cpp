@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 bool IsNonWorkDay(const QDate& date, int workWeekCode)
 {
     const int day = date.dayOfWeek();
@@ -74,5 +73,4 @@ QString LeftOutMessage(const RangeDates& range)
         text += u'\n' + dates(range.nonWorkDays) + QStringLiteral(" on a Non-Work Day");
     return text;
 }
-
 } // namespace tresvane

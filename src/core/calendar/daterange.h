@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // The dates of a recurring series taken from a range of dates and how it repeats, with
 // what was left out of the range and why.
 
@@ -42,5 +41,4 @@ Result<RangeDates> DatesInRange(const QDate& start, const QDate& end, RangeFrequ
 // What the user is told about the dates a range left out, after the series is booked;
 // empty when none was.
 QString LeftOutMessage(const RangeDates& range);
-
 } // namespace tresvane

@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 QString RecurringEventPrefix()
 {
     return QStringLiteral("Recurring Event - ");
@@ -253,5 +252,4 @@ Result<ScheduledSeries> ScheduleRecurringEvents(CoreContext& c, const RecurringE
     if (Status s = change.commit(); !s) return s;
     return series;
 }
-
 } // namespace tresvane

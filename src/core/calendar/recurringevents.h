@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 struct DispatchingVariables;
 
 // One event booked on many dates at once: a maintenance round every two weeks, a staff
@@ -86,5 +85,4 @@ struct ScheduledSeries {
 // pass 32,767.
 Result<ScheduledSeries> ScheduleRecurringEvents(CoreContext& c, const RecurringEvent& event,
                                                 const QList<QDate>& dates);
-
 } // namespace tresvane

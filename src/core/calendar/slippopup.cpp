@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -109,5 +108,4 @@ SlipPopupText PopupText(const DispatchingVariables& v, const SlipRecord& r, cons
     t.reference = r.text(SlipField::Reference);
     return t;
 }
-
 } // namespace tresvane

@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 // The slip behind an hour clicked on the board of teams, and what its popup shows.
 
 // Where the click was: the hour's text, the team's day and the hour.
@@ -46,5 +45,4 @@ struct SlipPopupText {
 
 SlipPopupText PopupText(const DispatchingVariables& v, const SlipRecord& record,
                         const QString& teamName);
-
 } // namespace tresvane

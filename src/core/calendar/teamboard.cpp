@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 QString ProjectRecordsFileName()
 {
     return QStringLiteral("/ProjectRecords.txt");
@@ -49,5 +48,4 @@ SlotFile ClickedSlotFile(Store& store, const QString& text)
     if (store.IsFile(ProjectRecordsFileName()) && text.contains(u"Pj")) return SlotFile::Projects;
     return SlotFile::None;
 }
-
 } // namespace tresvane

@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The board of four teams' days side by side: the teams in pages of four, what each page
@@ -49,5 +48,4 @@ QString ProjectRecordsFileName();
 
 // Which file the text leads to, of the files that exist, tested in the order above.
 SlotFile ClickedSlotFile(Store& store, const QString& text);
-
 } // namespace tresvane

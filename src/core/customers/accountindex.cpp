@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 AccountIndex::AccountIndex(QList<AccountListEntry> entries)
 {
     QList<QString> keys;
@@ -51,5 +50,4 @@ qsizetype AccountIndex::FindEqual(const QString& text) const
             return i;
     return -1;
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // The name list of the customer screen in the order its list box keeps: alphabetical
 // without regard to case, entries of equal text in record order. The box is filled with
 // every account of the file, so the look-ups a typed key runs are binary searches.
@@ -35,5 +34,4 @@ private:
     QList<AccountListEntry> m_entries;
     QList<QString> m_keys; // the case-folded texts, the sort keys
 };
-
 } // namespace tresvane

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -133,5 +132,4 @@ Status WriteAuxData(Store& store, const QString& account, const AuxTexts& texts)
     }
     return {};
 }
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // Six free texts per account under six headings shared by all accounts.
@@ -48,5 +47,4 @@ Result<AuxTexts> ReadAuxData(Store& store, const QString& account);
 // Writes all six files of the account, an empty box too, making the account's folders
 // when they are missing. A lone LF in a text is stored as CR LF.
 Status WriteAuxData(Store& store, const QString& account, const AuxTexts& texts);
-
 } // namespace tresvane

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -62,5 +61,4 @@ Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at)
     if (Status s = change.commit(); !s) return s;
     return PositionAfterDelete(at);
 }
-
 } // namespace tresvane

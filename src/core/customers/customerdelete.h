@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 class Dialogs;
 class Store;
 
@@ -22,5 +21,4 @@ bool ConfirmDeleteCustomer(Dialogs& dialogs);
 // A failure part-way is reported naming the file; the files done by then stay done.
 // The aux folder of the account stays, and slips and history keep its number.
 Result<CustomerPosition> DeleteCustomer(Store& store, CustomerPosition at);
-
 } // namespace tresvane

@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -272,5 +271,4 @@ void PresetEmptyCustomerFile(const DispatchingVariables& v, CustomerBoxes& b, Di
     dialogs.message(QStringLiteral("Your Customer File is Empty\nCreate your First Customer Now"),
                     QStringLiteral("Create Customers"));
 }
-
 } // namespace tresvane

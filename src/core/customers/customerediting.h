@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class CustomerRecord;
 class Dialogs;
 struct DispatchingVariables;
@@ -123,5 +122,4 @@ CustomerPosition BeginNewCustomer(DispatchingVariables& v, CustomerBoxes& boxes,
 // postal code and the first seven characters of its telephone with "-", and the message
 // that the file is empty.
 void PresetEmptyCustomerFile(const DispatchingVariables& v, CustomerBoxes& boxes, Dialogs& dialogs);
-
 } // namespace tresvane

@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -221,5 +220,4 @@ Status CheckParallelFiles(CoreContext& c, qint32 gLastrec)
     }
     return {};
 }
-
 } // namespace tresvane

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The three parallel customer files and the state list. Record n of each file belongs to
@@ -65,5 +64,4 @@ QString WeekdayName(const QDate& date);
 // bytes; its buffer is given the defaults before the rebuild, while the buffer of the
 // other file keeps the record that was read.
 Status CheckParallelFiles(CoreContext& c, qint32 gLastrec);
-
 } // namespace tresvane

@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 QString AccountListText(const RecordView& r)
 {
     using namespace CustomerField;
@@ -65,5 +64,4 @@ Result<bool> AccountNoExists(Store& store, const QString& account, qint32 gCurre
     });
     return found;
 }
-
 } // namespace tresvane

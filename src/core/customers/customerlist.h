@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The name list and the city list of the customer screen, and the duplicate account
@@ -39,5 +38,4 @@ QString AccountListText(const class RecordView& record);
 // false, when gCurrentRec is 0 or the text is empty. Records past the end hold no number.
 Result<bool> AccountNoExists(Store& store, const QString& account, qint32 gCurrentRec,
                              qint32 gLastrec);
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 std::optional<qint32> NavigateTo(int button, CustomerPosition at)
 {
     const qint32 quarter = at.gLastrec / 4;
@@ -50,5 +49,4 @@ CustomerPosition PositionAfterDelete(CustomerPosition at)
     if (at.gCurrentRec > at.gLastrec) at.gCurrentRec = at.gLastrec;
     return at;
 }
-
 } // namespace tresvane

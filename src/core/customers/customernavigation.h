@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 // Where the customer screen stands in CustomerData.txt: gCurrentRec, the record on the
 // screen, and gLastrec, the number of records as the screen counts them. Both are the
 // screen's own; these routines only work out the next values.
@@ -35,5 +34,4 @@ CustomerPosition CancelNewCustomer(CustomerPosition at);
 // After a deletion: one record fewer, except that the count never drops below 1, and the
 // screen stays on the same number unless that is now past the last.
 CustomerPosition PositionAfterDelete(CustomerPosition at);
-
 } // namespace tresvane

@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -279,5 +278,4 @@ bool AskCreateAccountWhenNotFound(Dialogs& dialogs)
                                       "you like to Create a New Account?"),
                        QStringLiteral("Customer not Found"));
 }
-
 } // namespace tresvane

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Dialogs;
 class Store;
 
@@ -102,5 +101,4 @@ QString NoAccountNumberSearchMessage();
 
 // "Customer not Found": asks whether to create a new account; true for Yes.
 bool AskCreateAccountWhenNotFound(Dialogs& dialogs);
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -56,5 +55,4 @@ QString BusinessAddressLines(const DispatchingVariables& v)
                         b[BusinessState], b[BusinessPostalCode],
                         v.settings.cmdAddress == kUsaStyleAddress);
 }
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 struct DispatchingVariables;
 
 // Addresses as the documents write them, one line each: the name, the street, the
@@ -16,5 +15,4 @@ struct DispatchingVariables;
 QString CustomerAddressLines(const DispatchingVariables& v);
 // The business, in the address style the setup names.
 QString BusinessAddressLines(const DispatchingVariables& v);
-
 } // namespace tresvane

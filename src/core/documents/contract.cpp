@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 QString ContractsFolder()
 {
     return QStringLiteral("/Templates/Contracts");
@@ -147,5 +146,4 @@ QString ContractCreatedTitle()
 {
     return QStringLiteral("Contract Created");
 }
-
 } // namespace tresvane

@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // A service contract is a document, not a record: the generic template is filled in for
@@ -76,5 +75,4 @@ QString ContractExistsTitle(); // "Replace Existing Contract"
 QString MissingTemplateMessage();
 QString ContractCreatedMessage(const QString& account);
 QString ContractCreatedTitle(); // "Contract Created"
-
 } // namespace tresvane

@@ -43,12 +43,18 @@ Status PrintInvoiceMemo(PrintJob& job, Store& store, bool addMemo, double y)
     if (!addMemo) return {};
     Result<InvoiceMemo> memo = ReadInvoiceMemo(store);
     if (!memo) return memo.status();
-    if (!memo->exists) return {};
+    PrintInvoiceMemo(job, *memo, addMemo, y);
+    return {};
+}
+
+void PrintInvoiceMemo(PrintJob& job, const InvoiceMemo& memo, bool addMemo, double y)
+{
+    if (!addMemo || !memo.exists) return;
     PrintSurface& p = job.printer;
     const qint32 held = p.foreColor();
     p.setForeColor(BodyColor(job));
     double top = y * 1440;
-    for (const QString& line : memo->lines) {
+    for (const QString& line : memo.lines) {
         if (line.trimmed().isEmpty()) {
             p.setCurrentY(top);
             p.print(QString());
@@ -58,7 +64,19 @@ Status PrintInvoiceMemo(PrintJob& job, Store& store, bool addMemo, double y)
         top = p.currentY();
     }
     p.setForeColor(held);
-    return {};
+}
+
+double InvoiceMemoHeight(const PrintJob& job, const InvoiceMemo& memo, bool addMemo)
+{
+    if (!addMemo || !memo.exists) return 0;
+    const PrintSurface& p = job.printer;
+    double height = 0;
+    for (const QString& line : memo.lines) {
+        const qsizetype count =
+            line.trimmed().isEmpty() ? 1 : WrappedLines(p, kMemoWidth, line).size();
+        height += count * p.textHeight(line);
+    }
+    return height;
 }
 
 } // namespace tresvane

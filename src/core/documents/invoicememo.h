@@ -28,5 +28,10 @@ Status WriteInvoiceMemo(Store& store, const QString& text);
 // x = 2 inches, in the body colour, one after the other. Nothing when addMemo is off or
 // there is no file. The pen's colour is left as it was.
 Status PrintInvoiceMemo(PrintJob& job, Store& store, bool addMemo, double y);
+// The same for a memo read before, so that a run of invoices reads the file once.
+void PrintInvoiceMemo(PrintJob& job, const InvoiceMemo& memo, bool addMemo, double y);
+// The height, in twips, the memo takes in the present font: nothing when it is not
+// printed. A page that keeps the memo's foot at a place starts it this far above.
+double InvoiceMemoHeight(const PrintJob& job, const InvoiceMemo& memo, bool addMemo);
 
 } // namespace tresvane

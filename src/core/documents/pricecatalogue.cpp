@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 Result<QList<PriceEntry>> LoadOfferedServices(Store& store)
 {
     Result<QList<ServiceRecord>> services = ReadServices(store, ServicesFileName());
@@ -45,5 +44,4 @@ std::optional<QString> DocumentPrice(const QString& typed)
     if (!units) return std::nullopt;
     return FormatCurrency(*units);
 }
-
 } // namespace tresvane

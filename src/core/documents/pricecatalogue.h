@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The services and items a work order or a contract may name, read from the catalogues
@@ -22,5 +21,4 @@ Result<QList<PriceEntry>> LoadOfferedItems(Store& store);
 // A price as a document shows it, "$1,234.50", from a preset or a typed one; no value for
 // a text that is not an amount (an empty box among them).
 std::optional<QString> DocumentPrice(const QString& typed);
-
 } // namespace tresvane

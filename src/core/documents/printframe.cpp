@@ -78,10 +78,10 @@ qint32 BodyColor(const PrintJob& job)
     return job.settings.color ? job.settings.textColor : 0;
 }
 
-void PrintWrapped(PrintSurface& printer, double left, double limit, double top, const QString& text)
+QStringList WrappedLines(const PrintSurface& printer, double limit, const QString& text)
 {
     const double room = limit - 20;
-    printer.setCurrentY(top);
+    QStringList lines;
     QString rest = text;
     while (!rest.isEmpty()) {
         qsizetype cut = rest.size();
@@ -90,8 +90,8 @@ void PrintWrapped(PrintSurface& printer, double left, double limit, double top, 
             // does not fit, that word alone.
             qsizetype fits = -1;
             qsizetype first = -1;
-            for (qsizetype i = 0; i < rest.size(); ++i) {
-                if (rest[i] != u' ' || i == 0) continue;
+            for (qsizetype i = 1; i < rest.size(); ++i) {
+                if (rest[i] != u' ') continue;
                 if (first < 0) first = i;
                 if (printer.textWidth(rest.left(i)) > room) break;
                 fits = i;
@@ -101,12 +101,21 @@ void PrintWrapped(PrintSurface& printer, double left, double limit, double top, 
         qsizetype end = cut;
         while (end > 0 && rest[end - 1] == u' ')
             --end;
-        printer.setCurrentX(left);
-        printer.print(rest.left(end));
+        lines << rest.left(end);
         qsizetype next = cut;
         while (next < rest.size() && rest[next] == u' ')
             ++next;
         rest = rest.mid(next);
+    }
+    return lines;
+}
+
+void PrintWrapped(PrintSurface& printer, double left, double limit, double top, const QString& text)
+{
+    printer.setCurrentY(top);
+    for (const QString& line : WrappedLines(printer, limit, text)) {
+        printer.setCurrentX(left);
+        printer.print(line);
     }
 }
 
@@ -207,7 +216,8 @@ void PrintItembox(PrintJob& job)
     p.setDrawWidth(kFrameDrawWidth / 2);
     // From just above the heads down the page; a rule under the heads, and a column rule
     // before each head after the first.
-    const double left = 0.4 * kTwips, right = 7.9 * kTwips;
+    // The right edge meets the header's frame, so that "TOTAL" at 7.5 inches has its room.
+    const double left = 0.4 * kTwips, right = 7.98 * kTwips;
     const double top = 3.95 * kTwips, heads = 4.3 * kTwips, bottom = 9.6 * kTwips;
     p.line(left, top, right, top, color);
     p.line(left, heads, right, heads, color);

@@ -4,6 +4,7 @@
 #include "core/ports/printsurface.h"
 
 #include <QString>
+#include <QStringList>
 #include <array>
 
 namespace tresvane
@@ -77,6 +78,9 @@ qint32 BodyColor(const PrintJob& job);
 // on the line after the text.
 void PrintWrapped(PrintSurface& printer, double left, double limit, double top,
                   const QString& text);
+// The lines PrintWrapped prints text in, in the present font: to know a block's height
+// before it is printed.
+QStringList WrappedLines(const PrintSurface& printer, double limit, const QString& text);
 
 // The document's title in 28 point bold, body colour, at x = 5 inches and y inches; the
 // font goes back to plain 10 point after it.

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 QString LocateLogoFile(const Store& store, const QString& stored)
 {
     const QString trimmed = stored.trimmed();
@@ -49,5 +48,4 @@ void PrintLogoSample(PrintJob& job, const PrintLogo& logo)
         p.picture(logo.file, QRectF(1 * 1440, 1.5 * 1440, logo.width, logo.height));
     p.endDoc();
 }
-
 } // namespace tresvane

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 class Store;
 struct PrintJob;
 
@@ -31,5 +30,4 @@ Result<PrintLogo> ReadPrintLogo(Store& store);
 // The setup's sample page, to judge the logo's size: "Logo Test" and the logo under it at
 // its size, one portrait page. A logo that cannot be read prints the text alone.
 void PrintLogoSample(PrintJob& job, const PrintLogo& logo);
-
 } // namespace tresvane

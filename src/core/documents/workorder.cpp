@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -89,5 +88,4 @@ int ChosenList::addMissing(const QList<PriceEntry>& offered)
         if (add(e)) ++added;
     return added;
 }
-
 } // namespace tresvane

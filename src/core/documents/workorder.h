@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // Work orders, service orders, repair orders and estimates are one document under four
@@ -52,5 +51,4 @@ public:
 private:
     QList<PriceEntry> m_entries;
 };
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 constexpr double kTwips = 1440;
@@ -266,5 +265,4 @@ void PrintCompletionSummary(PrintJob& job, const WorkOrderContent& c)
     rule(job, p.currentX(), 5 * kTwips, y + p.textHeight(performedBy));
     p.endDoc();
 }
-
 } // namespace tresvane

@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 // What a work order prints: one of the four headings, the account, the narrative and the
 // parts and services chosen.
 struct WorkOrderContent {
@@ -36,5 +35,4 @@ void PrintWorkOrder(PrintJob& job, const WorkOrderContent& content);
 // the odometer, what was found before the work began, what could not be done and why, and
 // who did the work. A document of its own, ended by EndDoc.
 void PrintCompletionSummary(PrintJob& job, const WorkOrderContent& content);
-
 } // namespace tresvane

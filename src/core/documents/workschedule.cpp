@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 constexpr double kTwips = 1440;
@@ -315,5 +314,4 @@ Result<int> PrintWorkSchedules(PrintJob& job, Store& store, const DispatchingVar
         PrintWorkSchedule(job, v, day, request.form);
     return int(days->size());
 }
-
 } // namespace tresvane

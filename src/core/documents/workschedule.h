@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 class Store;
 struct DispatchingVariables;
 struct TeamDay;
@@ -69,5 +68,4 @@ Result<QList<ScheduleDay>> ReadScheduleDays(Store& store, const DispatchingVaria
 // Every schedule of the request, one document per team. Returns the number of documents.
 Result<int> PrintWorkSchedules(PrintJob& job, Store& store, const DispatchingVariables& v,
                                const ScheduleRequest& request);
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 int refuse(int keyCode, const QString& boxText, Dialogs& dialogs, const char* refused)
@@ -71,5 +70,4 @@ int WheelTopRow(int currentTop, int rowCount, int visibleRows, int rotation)
     if (rotation < 0) return std::max(1, std::min(lastTop, currentTop + step));
     return currentTop;
 }
-
 } // namespace tresvane

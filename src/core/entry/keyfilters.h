@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 class Dialogs;
 
 // Key filters of the text boxes: each takes the key's character code and the box's present
@@ -32,5 +31,4 @@ QString JoinName(const QString& title, const QString& first, const QString& midd
 // Rows a wheel turn moves a grid: a screenful, but at least 10. Returns the new top row
 // (rows from 1, fixed row 0 above) for a rotation up (positive) or down.
 int WheelTopRow(int currentTop, int rowCount, int visibleRows, int rotation);
-
 } // namespace tresvane

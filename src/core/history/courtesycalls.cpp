@@ -15,7 +15,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // A small number field: the value, or -1 when it is not a plain number.
@@ -94,5 +93,4 @@ Result<QList<QStringList>> LoadCourtesyCalls(CoreContext& c, const QDate& from, 
         out.append(std::move(row.cells));
     return out;
 }
-
 } // namespace tresvane

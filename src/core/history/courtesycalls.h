@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 // The courtesy call list: the Service Attentions of Slips.txt booked between two dates,
 // both included, so the office can call the customers beforehand.
 
@@ -41,5 +40,4 @@ QString CourtesyDateKey(const QDate& date);
 // The end date the span buttons set from today: 5 a year, 6 a month, 7 a quarter; any
 // other button keeps `current`.
 QDate CourtesyEnding(int button, const QDate& today, const QDate& current);
-
 } // namespace tresvane

@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -222,5 +221,4 @@ Status PurgeAccountHistory(Store& store, const QString& account)
                             wanted);
     });
 }
-
 } // namespace tresvane

@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // What the history screen shows of ServiceHistory.txt and CAHistory.txt: the records of one
@@ -66,5 +65,4 @@ Status PurgeAllHistory(Store& store);
 // history file, whose copy in Backup goes first. A missing history file comes out as an
 // empty one, as it always has.
 Status PurgeAccountHistory(Store& store, const QString& account);
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 IncomeReportDates::IncomeReportDates(const QDate& today)
     : DTPicker1{today.addDays(-30), today}, ReportStartDate(DTPicker1[0]),
       ReportEndDate(DTPicker1[1])
@@ -104,5 +103,4 @@ void IncomeReportDates::cmdIncome_Click(int index, const QDate& today, Dialogs& 
         break;
     }
 }
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 class Dialogs;
 
 // The two date pickers of the history report and the rules that keep them in order.
@@ -47,5 +46,4 @@ public:
     static QDate SetDay(const QDate& date, int day);
     static QDate SetYear(const QDate& date, int year);
 };
-
 } // namespace tresvane

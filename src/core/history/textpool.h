@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 // Decodes field texts that repeat (accounts, names, dates, problem texts) once each and
 // hands out shared copies after that, so a list of tens of thousands of rows costs one
 // string per distinct text rather than one per cell. The keys point into the bytes being
@@ -46,5 +45,4 @@ private:
     std::string_view m_lastKey;
     const QString* m_last = nullptr;
 };
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 QStringList DataFileInventory(const QString& baseName)
 {
     return {
@@ -155,5 +154,4 @@ Status OfferRestoreOfEmptyFiles(CoreContext& c)
     }
     return {};
 }
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // The copies in Backup, made at every orderly exit, from which FileExists brings a lost
 // file back. Only the files of the inventory are copied; day files, CycleInfo.txt,
 // Phone.txt, CallID.txt, ProjectRecords.txt and the AuxFiles and Templates folders are not.
@@ -35,5 +34,4 @@ QString BackupGenerationFolder(const QDate& day);
 // At start: each file of the inventory that is empty while its copy in Backup holds good
 // data is shown to the user, who may have it restored from that copy.
 Status OfferRestoreOfEmptyFiles(CoreContext& c);
-
 } // namespace tresvane

@@ -24,7 +24,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -140,5 +139,4 @@ Status CheckDataFile(const Store& folder, const QString& path)
         if (key == shown) return load();
     return store.ReadAll(name).status();
 }
-
 } // namespace tresvane

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The rules a data file must meet before it is trusted: record files hold whole records,
@@ -21,5 +20,4 @@ class Store;
 
 // The record length of a record file the rules know, 0 for any other file.
 int DataFileRecordLength(const QString& name);
-
 } // namespace tresvane

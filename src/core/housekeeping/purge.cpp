@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 QString PurgedDateFileName()
 {
     return QStringLiteral("/PurgedDate.txt");
@@ -87,5 +86,4 @@ Status PurgeMeetings(CoreContext& c)
     }
     return c.store.RewriteThroughTemporary(name, kept);
 }
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 // The clean-up at every start, after PrepareYears.
 
 // Deletes this year's day files of every team from the day after the last purge up to
@@ -20,5 +19,4 @@ Status PurgeDayFiles(CoreContext& c);
 Status PurgeMeetings(CoreContext& c);
 
 QString PurgedDateFileName(); // "/PurgedDate.txt"
-
 } // namespace tresvane

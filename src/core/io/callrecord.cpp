@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 const RecordLayout& CallLayout()
 {
     static const RecordLayout layout("CallRecord", {{"CallName", FieldKind::Text, 15},
@@ -10,5 +9,4 @@ const RecordLayout& CallLayout()
                                                     {"CallTime", FieldKind::Text, 8}});
     return layout;
 }
-
 } // namespace tresvane

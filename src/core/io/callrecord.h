@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // TelCall.txt, 35 bytes a call, in order of arrival.
 namespace CallField
 {
@@ -24,5 +23,4 @@ public:
     CallRecord() : FixedRecord(CallLayout()) {}
     explicit CallRecord(QByteArrayView bytes) : FixedRecord(CallLayout(), bytes) {}
 };
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // 0x80..0x9F differ from Latin-1; the five unassigned bytes map to the C1 controls so
@@ -49,5 +48,4 @@ QByteArray encode(QStringView text)
 }
 
 } // namespace cp1252
-
 } // namespace tresvane

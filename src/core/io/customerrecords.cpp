@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 const RecordLayout& CustomerLayout()
 {
     static const RecordLayout layout("CustomerRecord", {{"AccountNo", FieldKind::Text, 20},
@@ -55,5 +54,4 @@ const RecordLayout& CycleLayout()
                                                      {"CycleFlag", FieldKind::Int16}});
     return layout;
 }
-
 } // namespace tresvane

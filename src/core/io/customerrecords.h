@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The three parallel customer files, joined by record number alone.
 
 // CustomerData.txt, 328 bytes.
@@ -104,5 +103,4 @@ public:
     CycleRecord() : FixedRecord(CycleLayout()) {}
     explicit CycleRecord(QByteArrayView bytes) : FixedRecord(CycleLayout(), bytes) {}
 };
-
 } // namespace tresvane

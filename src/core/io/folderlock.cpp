@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -166,5 +165,4 @@ void FolderLock::release()
             ::unlink(QFile::encodeName(m_path).constData());
     }
 }
-
 } // namespace tresvane

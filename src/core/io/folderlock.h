@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 // One running program per program folder, also when the folder lies on a file server and
 // is opened from two computers: the lock is a small file in the folder itself, made with
 // an exclusive create (which NFS and SMB honour), naming the computer, the user, the
@@ -64,5 +63,4 @@ private:
     QString m_error;
     bool m_held = false;
 };
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 const RecordLayout& ServiceHistoryLayout()
 {
     static const RecordLayout layout("ServiceHistoryRecord",
@@ -54,5 +53,4 @@ Status WriteLedger(Store& store, const QList<LedgerRecord>& records)
 {
     return WriteRecordFile(store, LedgerFileName(), records);
 }
-
 } // namespace tresvane

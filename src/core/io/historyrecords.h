@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The two history files of an account, written by the programs that complete and bill
@@ -68,5 +67,4 @@ Result<QList<LedgerRecord>> ReadLedger(Store& store);
 // Replace the whole file with the records (its copy in Backup goes first).
 Status WriteServiceHistory(Store& store, const QList<ServiceHistoryRecord>& records);
 Status WriteLedger(Store& store, const QList<LedgerRecord>& records);
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 const RecordLayout& InvoiceItemLayout()
 {
     static const RecordLayout layout("InvoiceItemRecord", {{"ItemName", FieldKind::Text, 30},
@@ -107,5 +106,4 @@ Status WriteCustomItems(Store& store, const QList<CustomItemRecord>& items)
 {
     return WriteRecordFile(store, CustomItemsFileName(), items);
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The fixed-record lists of goods and services that the invoices pre-print. Fields
@@ -126,5 +125,4 @@ Status WriteCurrentItems(Store& store, const QList<InventoriedItemRecord>& items
 
 Result<QList<CustomItemRecord>> ReadCustomItems(Store& store);
 Status WriteCustomItems(Store& store, const QList<CustomItemRecord>& items);
-
 } // namespace tresvane

@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 int sizeOf(const FieldSpec& entry)
@@ -208,5 +207,4 @@ QDateTime FromOleDate(double days)
     const int ms = int(std::lround(fraction * 86400000.0));
     return QDateTime(date, QTime::fromMSecsSinceStartOfDay(std::min(ms, 86399999)));
 }
-
 } // namespace tresvane

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 // Fixed-length records, packed without gaps, numbered from 1, no header. Each record type
 // is declared once as a table of fields (name, kind, width); offsets follow from the order.
 //
@@ -139,5 +138,4 @@ QByteArray JoinRecords(const QList<FixedRecord>& records);
 double ToOleDate(const QDate& date);
 double ToOleDate(const QDateTime& dateTime);
 QDateTime FromOleDate(double days);
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // Whole fixed-record files read and written in one piece, for the record types that are
 // small lists (catalogues, history, the customer file in one pass). R is a FixedRecord
 // type with a default constructor and a constructor from the record's bytes.
@@ -55,5 +54,4 @@ Status WriteRecordFile(Store& store, const QString& name, const QList<R>& record
 {
     return store.RewriteTextFile(name, JoinRecordsAs(records));
 }
-
 } // namespace tresvane

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 // The outcome of a core operation that can fail: ok, or a message a user can read that
 // names the file and what is wrong with it. Core never throws into a screen; it hands
 // one of these back and the screen decides what to show. Neither this nor Result can be
@@ -51,5 +50,4 @@ private:
     std::optional<T> m_value;
     Status m_status;
 };
-
 } // namespace tresvane

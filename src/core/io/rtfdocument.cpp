@@ -193,6 +193,11 @@ void RtfDocument::parse()
             ++i;
         } else if (c == '\r' || c == '\n') {
             ++i; // line ends of the source are not text
+        } else if (c != '\\' && group.hidden) {
+            // The body of a hidden destination, a picture's hex above all, is passed over
+            // in one run: a template with a large logo is read again after each value.
+            while (i < n && s[i] != '\\' && s[i] != '{' && s[i] != '}')
+                ++i;
         } else if (c != '\\') {
             put(cp1252::decode(QByteArrayView(s + i, 1)).at(0), begin, i + 1, gluedBefore);
             ++i;

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 // A rich-text (RTF) document kept as its source bytes, with the plain text a reader of it
 // sees. Text is found in the plain view and changed in the source, so everything the
 // document says about fonts, colours, paragraphs and pages stays as its author made it.
@@ -63,5 +62,4 @@ private:
     QString m_text;
     QList<Span> m_spans;
 };
-
 } // namespace tresvane

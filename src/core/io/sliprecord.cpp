@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 const RecordLayout& SlipLayout()
 {
     static const RecordLayout layout(
@@ -19,5 +18,4 @@ const RecordLayout& SlipLayout()
          {"Zip", FieldKind::Text, 10},         {"Tel", FieldKind::Text, 13}});
     return layout;
 }
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The slip record, 297 bytes of text, shared by Slips.txt, Meetings.txt,
 // UnscheduledSlips.txt, CompletedSlips.txt and ProjectRecords.txt. Numbers and dates are
 // text too (EventDate is mm/dd/yyyy); readers trim every field.
@@ -47,5 +46,4 @@ public:
     SlipRecord() : FixedRecord(SlipLayout()) {}
     explicit SlipRecord(QByteArrayView bytes) : FixedRecord(SlipLayout(), bytes) {}
 };
-
 } // namespace tresvane

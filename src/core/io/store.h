@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 // The program folder and the file routines through which every other part reaches it.
 //
 // Names are relative to the program folder and begin with a separator; '/' and '\' are the
@@ -180,5 +179,4 @@ private:
     Access m_access;
     QString m_baseName = QStringLiteral("TresvaneDispatcher");
 };
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 TextWriter& TextWriter::field(const QString& text)
 {
     separate();
@@ -262,5 +261,4 @@ double NumericValue(const QString& text)
     t.replace(u'd', u'e').replace(u'D', u'e');
     return t.toDouble();
 }
-
 } // namespace tresvane

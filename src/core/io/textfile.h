@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // The comma-and-quote text form of every settings and list file.
 //
 // Writing: fields separated by commas, strings in double quotes, numbers plain, booleans
@@ -83,5 +82,4 @@ QByteArray WritePlainLines(const QStringList& lines);
 bool IsNumeric(const QString& text);
 // The value of a numeric text (0 when it is not one).
 double NumericValue(const QString& text);
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 QString FormatShortDate(const QDate& date)
 {
     if (!date.isValid()) return {};
@@ -102,5 +101,4 @@ QDate ParseShortDateBytes(QByteArrayView text, bool twoDigitYear)
         return QDate(parts[2] + (parts[2] < 30 ? 2000 : 1900), parts[0], parts[1]);
     return {};
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // Dates and money in text fields keep the US forms the files have always held.
 
 // mm/dd/yyyy
@@ -27,5 +26,4 @@ QString FormatCurrency(qint64 units);
 std::optional<qint64> ParseCurrency(const QString& text);
 // The plain decimal form with four places, 12.3400, for listings.
 QString FormatDecimalCurrency(qint64 units);
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 // Today and now. The program asks this rather than the system clock, so that a test can
 // stand on day 120 or at 8 pm on 31 December of a leap year.
 class Clock
@@ -34,5 +33,4 @@ public:
 private:
     QDateTime m_now;
 };
-
 } // namespace tresvane

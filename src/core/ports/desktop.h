@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The desktop around the program: the system's browser, the programs that open documents,
 // and the clipboard.
 class Desktop
@@ -24,5 +23,4 @@ public:
         return false;
     }
 };
-
 } // namespace tresvane

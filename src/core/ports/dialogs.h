@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 // Everything the user is told or asked goes through here, with the exact texts and
 // titles. A message without a title carries the program's name as its caption.
 class Dialogs
@@ -36,5 +35,4 @@ inline QString ApplicationTitle()
 {
     return QStringLiteral("Tresvane Dispatcher");
 }
-
 } // namespace tresvane

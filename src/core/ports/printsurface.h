@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 // A page as the office's printers have always been driven: a pen that stands at a current
 // position, with a font, a colour and a line width that stay as set until changed, and
 // text that is printed where the pen stands. Every document is written against this, so
@@ -71,5 +70,4 @@ public:
     // document of its own.
     virtual void endDoc() = 0;
 };
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The pen of a PrintSurface kept in one place: position, font, colour, line width and
 // page setup, and the way printing a text moves the pen. A surface built on it draws text
 // where it is told and measures it; the rest is common.
@@ -79,5 +78,4 @@ private:
     qint32 m_foreColor = 0;
     int m_drawWidth = 1;
 };
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // The serial line to the office's voice modem. One link is owned by the App and shared by
 // everything that speaks to the modem. Nothing here waits: what the modem says is
 // announced by bytesArrived(), and whoever waits for a reply pairs that with a timer.
@@ -43,5 +42,4 @@ signals:
     // New bytes are waiting to be read.
     void bytesArrived();
 };
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // For work with nobody at the screen (the command-line tools): every message is answered
 // with its first button, every input box with its default.
 class SilentDialogs final : public Dialogs
@@ -21,5 +20,4 @@ public:
     }
     void beep() override {}
 };
-
 } // namespace tresvane

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Clock;
 struct DispatchingVariables;
 
@@ -71,5 +70,4 @@ Result<QString> LoadStoredSlip(CoreContext& c, qint32 row);
 // Deletes the slip of the stored-slip list's row after asking "This will Delete the
 // Selected Slip Record". True when it was deleted. The last record gone removes the file.
 Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row);
-
 } // namespace tresvane

@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The hours a contract can name, index i standing for grid row i + 3.
@@ -143,5 +142,4 @@ GridColumn GridFromDaySlots(const DispatchingVariables& v)
         grid[i - 1] = v.DaySlots[i];
     return grid;
 }
-
 } // namespace tresvane

@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 class Dialogs;
 
 // Contract work kept by a companion program in ContractInfo.txt is shown on the booking
@@ -65,5 +64,4 @@ void ShowOverlayMessages(Dialogs& dialogs, const QList<OverlayMessage>& messages
 
 // The grid as DaySlots holds it after LoadDay: rows 1 to 12.
 GridColumn GridFromDaySlots(const DispatchingVariables& v);
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 QString NoEventScheduled()
 {
     return QStringLiteral("No Event Scheduled");
@@ -188,5 +187,4 @@ Status RemoveYearFolders(CoreContext& c)
         if (Status s = c.store.RemoveFolder(teamFolder(year, QString::number(t))); !s) return s;
     return c.store.RemoveFolder(folder);
 }
-
 } // namespace tresvane

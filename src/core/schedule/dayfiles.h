@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Dialogs;
 class Store;
 struct DispatchingVariables;
@@ -79,5 +78,4 @@ Status PrepareYears(CoreContext& c);
 // Removes the tree of gYear - 1: the files and folders of Team#0 to Team#<N + 1>, then the
 // year's folder. A folder left in it (a higher team number) is reported.
 Status RemoveYearFolders(CoreContext& c);
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 QString DayViewFreeText()
 {
     return QString(9, u' ') + NoEventScheduled() + QStringLiteral("\n\n");
@@ -170,5 +169,4 @@ DayView DayViewOf(const QList<SlipRecord>& records, const GridColumn& grid)
     }
     return view;
 }
-
 } // namespace tresvane

@@ -15,7 +15,6 @@
 
 namespace tresvane
 {
-
 // The expanded day view of the Scheduling Screen: for each of the twelve hours, who is
 // booked there, from the records of Slips.txt and Meetings.txt rather than from the day
 // file, so that the crew sees the address and telephone of each job.
@@ -83,5 +82,4 @@ Result<QList<SlipRecord>> ReadDayRecords(Store& store, const QDate& date, const 
 // it: Hours, or 8 when its unit is "Days". Hours that would run past slot 12, or a start
 // outside 1 to 12, which only a foreign file can hold, are left off the view.
 DayView DayViewOf(const QList<SlipRecord>& records, const GridColumn& grid);
-
 } // namespace tresvane

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -86,5 +85,4 @@ Status TakeFreeConfirmation(CoreContext& c)
     }
     return {};
 }
-
 } // namespace tresvane

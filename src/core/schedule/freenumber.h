@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // A confirmation number is the slip's name for the rest of its life: the record screen
@@ -27,5 +26,4 @@ Result<QSet<QByteArray>> ConfirmationNumbersOnFile(Store& store);
 // the running number without a word. Fails without a change when the step would pass
 // 32,767.
 Status TakeFreeConfirmation(CoreContext& c);
-
 } // namespace tresvane

@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const QString kCounter = QStringLiteral("/Counter.txt");
@@ -166,5 +165,4 @@ void ServiceSlipButton(DispatchingVariables& v, int index)
         break;
     }
 }
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 // Confirmation numbers. Program numbers are "SA" + day of the year + "-" + a sequence
 // within that day (Counter.txt); continuous numbers are a running count (SlipNo.txt).
 // gConfirmation always holds the number the next slip gets.
@@ -34,5 +33,4 @@ void ServiceSlipButton(DispatchingVariables& v, int index);
 
 // "SA" + day + "-" + sequence.
 QString ProgramConfirmation(const QString& julianDay, qint16 sequence);
-
 } // namespace tresvane

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 QString SlipsFileName()
 {
     return QStringLiteral("/Slips.txt");
@@ -139,5 +138,4 @@ Status DeleteUnscheduledSlip(Store& store, qint32 recordNo)
     if (Status s = store.KillIfPresent(QStringLiteral("/TemporaryFile.txt")); !s) return s;
     return store.KillWithBackup(name);
 }
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 QString SlipTextMessage(const SlipRecord& slip, const DispatchingVariables& v)
 {
     const int start = slip.text(SlipField::StartSlot).toInt();
@@ -32,5 +31,4 @@ QString SlipOnClipboardMessage()
     return QStringLiteral("The Service Attention Data is now on the System Clipboard\n"
                           "Paste it into the Message Area of your Text Messaging Screen");
 }
-
 } // namespace tresvane

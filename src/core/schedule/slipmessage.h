@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 class SlipRecord;
 struct DispatchingVariables;
 
@@ -14,5 +13,4 @@ QString SlipTextMessage(const SlipRecord& slip, const DispatchingVariables& v);
 
 // What the user is told once the text is on the clipboard.
 QString SlipOnClipboardMessage();
-
 } // namespace tresvane

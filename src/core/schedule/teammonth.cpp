@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 QString BookingMonthName(int month)
 {
     static const char* const names[] = {"Jan",  "Feb", "March", "April", "May", "June",
@@ -59,5 +58,4 @@ QDate MonthBoxDate(const TeamMonth& month, const QDate& calendarDate, int box)
         ++firstBox;
     return QDate(calendarDate.year(), calendarDate.month(), box + 1 - firstBox);
 }
-
 } // namespace tresvane

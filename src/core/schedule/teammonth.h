@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 // The month sheet of one team, "Hours Availability/Usage by Team": six weeks of seven
 // boxes from Sunday. Each day shows its number in blue; a day from today on whose file
 // holds booked hours shows their count in red instead (a blocked day shows 12).
@@ -31,5 +30,4 @@ Result<TeamMonth> DrawTeamMonth(CoreContext& c, const QDate& calendarDate, const
 // The date a click on a box goes to: its day of the calendar's month. Invalid for an empty
 // box or an index outside 0 to 41.
 QDate MonthBoxDate(const TeamMonth& month, const QDate& calendarDate, int box);
-
 } // namespace tresvane

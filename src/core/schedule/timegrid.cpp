@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 QString GridLabel(const DispatchingVariables& v, int slot)
 {
     if (slot < 1 || slot > 12) return {};
@@ -53,5 +52,4 @@ void ResetTimeSelection(GridColumn& grid, QString& EventText)
         if (slot == EventText) slot = NoEventScheduled();
     EventText = NoSlotSelected();
 }
-
 } // namespace tresvane

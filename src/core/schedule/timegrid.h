@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 struct DispatchingVariables;
 
 // The time grid of the Scheduling Screen: twelve hourly rows of one team's day. A click
@@ -47,5 +46,4 @@ GridClick ClickTimeGrid(CoreContext& c, std::optional<SlipKind> kind, GridColumn
 // EventText goes back to "No Slot Selected". Of a meeting placed twice only the text of
 // the last click is taken off.
 void ResetTimeSelection(GridColumn& grid, QString& EventText);
-
 } // namespace tresvane

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 QString MenuCaption(int entry)
 {
     static const char* const captions[kMenuEntries] = {
@@ -68,5 +67,4 @@ MenuState MenuActivation(CoreContext& c, bool printAllowed)
     m.enabled[MenuEntry::PlaceReminderCalls] = c.v.settings.ckPhone == 1;
     return m;
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // Which entries of the main menu are open, worked out from the data each time the menu
 // comes to the front. The entries are numbered as the menu shows them; the menu sets
 // Mode to the entry's index + 1.
@@ -52,5 +51,4 @@ struct MenuState {
 // The activation rules after the sibling question has been settled (printEnabled true:
 // printing allowed, or no sibling).
 MenuState MenuActivation(CoreContext& c, bool printAllowed);
-
 } // namespace tresvane

@@ -22,7 +22,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -228,5 +227,4 @@ Result<QString> WriteInternetShortcut(Store& store, const QString& url)
     if (Status s = store.WriteFile(name, bytes); !s) return s;
     return store.path(name);
 }
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // The start of the program as far as it concerns the data folder: the folder tree, the
 // repair of the customers' aux folders, and the gate of the four required files.
 
@@ -68,5 +67,4 @@ bool AllRequiredFilesExist(CoreContext& c);
 
 // Writes Temp.url, the internet shortcut a browser is started on, and returns its path.
 Result<QString> WriteInternetShortcut(Store& store, const QString& url);
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 QString ToggledAddressStyle(const QString& caption)
 {
     return caption == kUsaStyleAddress ? kInternationalStyleAddress : kUsaStyleAddress;
@@ -27,5 +26,4 @@ bool TelephoneValid(const QString& telephone)
 {
     return IsNumeric(telephone.right(4));
 }
-
 } // namespace tresvane

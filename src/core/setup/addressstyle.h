@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The address style of the business data: the USA layout (city, two-letter state, postal
 // code) or the international one (four free address lines). No file stores it; it is
 // worked out from the data at each load, and the caption of the style button names the
@@ -21,5 +20,4 @@ QString AddressStyleAtLoad(const QString& companyName, const QString& postalCode
 
 // The telephone box passes when its last four characters are a number; an empty box fails.
 bool TelephoneValid(const QString& telephone);
-
 } // namespace tresvane

@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 QString teamFolder(const DispatchingVariables& v, int team)
@@ -104,5 +103,4 @@ Status DeleteProblem(CoreContext& c, QStringList& list, const QString& text)
     list = next;
     return {};
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // The two lists of the setup screen: Assignments (teams; a team's number is its place in
 // the list and names its folder <year>/Team#<n>) and Problem Descriptions.
 
@@ -40,5 +39,4 @@ Result<int> DeleteAssignment(CoreContext& c, QStringList& list, const QString& t
 Result<bool> AddProblem(CoreContext& c, QStringList& list, const QString& text);
 // Removes the entry equal to text, when there is one, and writes the list.
 Status DeleteProblem(CoreContext& c, QStringList& list, const QString& text);
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 bool AddInvoiceItem(QList<PriceEntry>& list, const QString& name, const QString& price,
                     Dialogs& dialogs)
 {
@@ -40,5 +39,4 @@ int LogoSizeStep(int twips, bool up)
     const int next = twips - 50;
     return next <= 360 ? 1800 : next;
 }
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 class Dialogs;
 
 // The in-memory rules of the price lists on the setup screen: the Repair invoice's list of
@@ -43,5 +42,4 @@ bool SelectionReachesMaximum(int selected);
 // Up adds 50 while below 1800; down subtracts 50 and at 360 or below jumps to 1800.
 int LogoSizeStep(int twips, bool up);
 constexpr int kDefaultLogoTwips = 1440;
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -138,5 +137,4 @@ Status WriteLogoSize(Store& store, const LogoSize& size)
     w.line(size.width, size.height);
     return store.RewriteTextFile(LogoSettingsFileName(), w.bytes());
 }
-
 } // namespace tresvane

@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // What every printed document shares: the two colours, the font, colour or black print,
@@ -54,5 +53,4 @@ Status ClearCompanyLogo(Store& store);
 
 Result<LogoSize> ReadLogoSize(Store& store);
 Status WriteLogoSize(Store& store, const LogoSize& size);
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -332,5 +331,4 @@ QString WorkWeekCaption(int workWeekCode)
         return {};
     }
 }
-
 } // namespace tresvane

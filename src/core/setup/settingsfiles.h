@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // The small text files that configure an installation. Each reader leaves its default
 // when the file is missing; a damaged file is reported and nothing is changed.
 
@@ -51,5 +50,4 @@ Status SaveCallID(CoreContext& c);
 QDate AdjustWorkDay(const QDate& date, int workWeekCode);
 // The caption of a work week code.
 QString WorkWeekCaption(int workWeekCode);
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 namespace SetupData
 {
 
@@ -166,5 +165,4 @@ Status SaveLogoSettings(CoreContext& c, int width, int height)
 }
 
 } // namespace SetupData
-
 } // namespace tresvane

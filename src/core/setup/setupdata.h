@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 // The setup screen's lists as it shows them (a name and a price text each), read from and
 // written to the record files of the invoice items, the service catalogue and the stock.
 namespace SetupData
@@ -45,5 +44,4 @@ Status LoadLogoSettings(CoreContext& c, int& width, int& height);
 Status SaveLogoSettings(CoreContext& c, int width, int height);
 
 } // namespace SetupData
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The flags as the settings file keeps them: 1 ticked, 0 not.
@@ -84,5 +83,4 @@ Result<SetupStop> SaveSetup(CoreContext& c, const SetupExit& e)
     if (Status st = SetupData::SaveInvoiceItems(c, e.invoiceItems); !st) return st;
     return SetupStop::Saved;
 }
-
 } // namespace tresvane

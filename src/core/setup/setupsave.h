@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 // What the setup screen holds when the dispatcher leaves it: each tab's controls as plain
 // values.
 struct SetupExit {
@@ -49,5 +48,4 @@ enum class SetupStop {
 // and the invoice items; the settings are read back after. A file that cannot be written
 // stops the sequence and is returned.
 Result<SetupStop> SaveSetup(CoreContext& c, const SetupExit& e);
-
 } // namespace tresvane

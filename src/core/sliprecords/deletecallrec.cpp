@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 QString CompletedSlipsFileName()
 {
     return QStringLiteral("/CompletedSlips.txt");
@@ -139,5 +138,4 @@ Status DeleteCallRec(CoreContext& c, const CallRecordOnShow& shown, qint16 compl
         if (Status committed = change.commit(); !committed) return committed;
     return s;
 }
-
 } // namespace tresvane

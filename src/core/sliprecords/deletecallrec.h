@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // Ending a slip's place in the schedule: delete, reschedule (a delete and a new booking)
 // and complete (a delete that keeps a copy) all come down to DeleteCallRec.
 
@@ -42,5 +41,4 @@ QString CompletedSlipsFileName(); // "/CompletedSlips.txt"
 // The sibling program that records completed jobs itself: where it stands beside this
 // program, the record screen offers no completion of its own.
 QString JobCloserFile(); // "/TresvaneJobCloser.exe"
-
 } // namespace tresvane

@@ -17,7 +17,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The text as stored bytes, or nothing when a stored field could never hold it.
@@ -147,5 +146,4 @@ RecordDetail LoadRecData(CoreContext& c, bool CompletionInstalled)
     d.cmdCompleted = open && !CompletionInstalled;
     return d;
 }
-
 } // namespace tresvane

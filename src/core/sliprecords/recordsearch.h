@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // Finding one slip of Slips.txt (SearchFile 1) or Meetings.txt (SearchFile 2) on the
 // record screen, and what the screen shows of it. The record found is put in gSlip.
 
@@ -45,5 +44,4 @@ struct RecordDetail {
 // are open for a date after today, or today while the status reads "Scheduled";
 // cmdCompleted not when the sibling completion program is installed.
 RecordDetail LoadRecData(CoreContext& c, bool CompletionInstalled);
-
 } // namespace tresvane

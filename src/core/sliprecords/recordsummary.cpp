@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 QString SearchFileName(qint16 searchFile)
 {
     switch (searchFile) {
@@ -119,5 +118,4 @@ Result<qint16> FindSlipByAccountAndDate(CoreContext& c, const QString& account,
     }
     return qint16(3);
 }
-
 } // namespace tresvane

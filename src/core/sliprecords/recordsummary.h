@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 // The record summary: one row for each slip and meeting that exists, for a dispatcher to
 // find one again. Meetings.txt is read first, then Slips.txt, and the rows are sorted by a
 // key that is the day of the year, plus 999 for a date in a later year than the current
@@ -54,5 +53,4 @@ QDate ParseSlipDate(QByteArrayView text);
 
 // The file a SearchFile value names: 1 Slips.txt, 2 Meetings.txt; empty for any other.
 QString SearchFileName(qint16 searchFile);
-
 } // namespace tresvane

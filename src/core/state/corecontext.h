@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 class Store;
 class Clock;
 class Dialogs;
@@ -16,5 +15,4 @@ struct CoreContext {
     Dialogs& dialogs;
     DispatchingVariables& v;
 };
-
 } // namespace tresvane

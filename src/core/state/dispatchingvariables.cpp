@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 void BuildTimeLabels(DispatchingVariables& v)
 {
     static const char* const labels[12] = {"06:00", "07:00", "08:00", "09:00", "10:00", "11:00",
@@ -10,5 +9,4 @@ void BuildTimeLabels(DispatchingVariables& v)
     for (int i = 0; i < 12; ++i)
         v.TimeLabels[i + 1] = QString::fromLatin1(labels[i]);
 }
-
 } // namespace tresvane

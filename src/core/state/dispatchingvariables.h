@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 // The settings that live on the setup screen: what its check boxes, options and boxes
 // hold. Every screen that needs one reads it here; the setup screen shows and edits it.
 struct SetupSettings {
@@ -128,5 +127,4 @@ struct DispatchingVariables {
 // Fills TimeLabels with the twelve hour labels. There is no noon slot: "11:00" is
 // followed by "01:00".
 void BuildTimeLabels(DispatchingVariables& v);
-
 } // namespace tresvane

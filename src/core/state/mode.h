@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 // The routine the dispatcher chose in the main menu. The values are the menu entry's
 // index + 1, the numbers the shared variable has always held.
 enum class Mode : qint16 {
@@ -64,5 +63,4 @@ constexpr AfterCustomer AfterCustomerSelect(Mode mode)
         return AfterCustomer::Nowhere;
     }
 }
-
 } // namespace tresvane

@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -160,5 +159,4 @@ void CallerIdParser::close(QList<CallerIdReport>& out)
     report.name = report.name.left(kNameWidth);
     out << report;
 }
-
 } // namespace tresvane

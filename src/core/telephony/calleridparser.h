@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 // One caller ID report as the modem gave it, ready for TelCall.txt.
 struct CallerIdReport {
     QString name;   // up to 15 characters; "Private" or "Out of Area" when withheld
@@ -49,5 +48,4 @@ private:
     QByteArray m_number;
     QByteArray m_name;
 };
-
 } // namespace tresvane

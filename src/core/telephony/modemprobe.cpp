@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 QString ModemDeviceForPort(int port, const QString& configuredDevice)
 {
     if (port < 1) return {};
@@ -93,5 +92,4 @@ void ModemProbe::finish(qint16 port)
     m_running = false;
     emit finished(port);
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 class SerialLink;
 
 // The modem's port number is kept as the old COM number. Port n is the serial device
@@ -61,5 +60,4 @@ private:
     bool m_running = false;
     bool m_waiting = false;
 };
-
 } // namespace tresvane

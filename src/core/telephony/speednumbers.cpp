@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 QString oneLine(QString text)
@@ -55,5 +54,4 @@ Status WriteSpeedNumbers(Store& store, const SpeedNumbers& speed)
     // The old copy in Backup is left standing, as this file has always been written.
     return store.WriteFile(SpeedNumbersFileName(), WritePlainLines(lines));
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The dialer's ten speed numbers, SpeedNumbers.txt: pairs of plain lines, name then
@@ -29,5 +28,4 @@ Result<SpeedNumbers> ReadSpeedNumbers(Store& store);
 // Writes the entries that have a name, in order. A line end typed into a box would split
 // an entry in two, so it is stored as a blank.
 Status WriteSpeedNumbers(Store& store, const SpeedNumbers& speed);
-
 } // namespace tresvane

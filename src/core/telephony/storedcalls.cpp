@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 namespace StoredCalls
 {
 
@@ -110,5 +109,4 @@ QList<qint32> CallerDirectory::accounts(const QString& number) const
 {
     return m_byNumber.value(number.trimmed());
 }
-
 } // namespace tresvane

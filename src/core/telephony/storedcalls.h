@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Store;
 struct CallerIdReport;
 
@@ -63,5 +62,4 @@ private:
     QHash<QString, QList<qint32>> m_byNumber;
     qint32 m_count = 0;
 };
-
 } // namespace tresvane

@@ -31,7 +31,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The farthest ahead a day can be blocked.
@@ -353,5 +352,4 @@ void frmBlock::cmdSearch_Click()
         rows.append({row.team, FormatShortDate(row.date), row.reason});
     FGBlocked->setRows(std::move(rows));
 }
-
 } // namespace tresvane

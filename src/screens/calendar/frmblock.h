@@ -20,7 +20,6 @@ class QSlider;
 
 namespace tresvane
 {
-
 class FlexGrid;
 
 // "Holiday and Vacation Days": whole work days of one team or of all of them reserved
@@ -72,5 +71,4 @@ private:
     bool m_settingCalendar = false;
     QString m_lastReason;
 };
-
 } // namespace tresvane

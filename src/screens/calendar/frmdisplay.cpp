@@ -26,7 +26,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The light yellow of the day grids.
@@ -227,5 +226,4 @@ void frmDisplay::fgHours_Click(int place, int row)
     if (file == SlotFile::None || column.team == 0) return;
     m_popup->ShowSlip({file, m_date, column.team, row, text}, column.name);
 }
-
 } // namespace tresvane

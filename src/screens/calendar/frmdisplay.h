@@ -14,7 +14,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 class FlexGrid;
 class UpDown;
 class frmSlip;
@@ -59,5 +58,4 @@ private:
     QDate m_date;
     bool m_settingDate = false;
 };
-
 } // namespace tresvane

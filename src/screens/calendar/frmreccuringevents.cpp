@@ -33,7 +33,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 struct WaitCursor {
@@ -509,5 +508,4 @@ void frmReccuringEvents::Schedule()
     fgConflict->setRows(std::move(rows));
     fraConflict->setVisible(true);
 }
-
 } // namespace tresvane

@@ -20,7 +20,6 @@ class QRadioButton;
 
 namespace tresvane
 {
-
 class FlexGrid;
 class UpDown;
 
@@ -92,5 +91,4 @@ private:
     RangeDates m_range;   // what the last range left out, told after the booking
     bool m_fromRange = false;
 };
-
 } // namespace tresvane

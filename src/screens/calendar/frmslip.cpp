@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 frmSlip::frmSlip(CoreContext& ctx, QWidget* parent) : QDialog(parent), c(ctx)
 {
     setObjectName(QStringLiteral("frmSlip"));
@@ -150,5 +149,4 @@ void frmSlip::LoadRecData(const SlipPopupText& t)
     lblDate->setText(t.date);
     lblReference->setText(t.reference);
 }
-
 } // namespace tresvane

@@ -12,7 +12,6 @@ class QToolButton;
 
 namespace tresvane
 {
-
 // "Service Attention Slip": the record behind an hour clicked on the board of teams,
 // read only, with a button that calls the customer where a telephone hangs behind the
 // modem. A small modal dialog: its close box closes it alone.
@@ -55,5 +54,4 @@ private:
     QPushButton* cmdAttn;
     bool m_dialAvailable = false;
 };
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 AccountListModel::AccountListModel(const AccountIndex& index, QObject* parent)
     : QAbstractListModel(parent), m_index(index)
 {
@@ -29,5 +28,4 @@ QVariant AccountListModel::data(const QModelIndex& index, int role) const
         return {};
     }
 }
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 class AccountIndex;
 
 // The rows of the name list box over the sorted index, without a copy per row: the text
@@ -25,5 +24,4 @@ public:
 private:
     const AccountIndex& m_index;
 };
-
 } // namespace tresvane

@@ -15,7 +15,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -227,5 +226,4 @@ bool CustomerAuxPanel::eventFilter(QObject* watched, QEvent* event)
             }
     return QFrame::eventFilter(watched, event);
 }
-
 } // namespace tresvane

@@ -15,7 +15,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 // The aux data panel of the customer screen (fraAux): six free texts per account under
 // six headings shared by all accounts, and a larger editor for one box (fraBig). The
 // panel knows the account only by the number the screen gives it; moving to the next or
@@ -66,5 +65,4 @@ private:
     CoreContext& c;
     std::function<QString()> m_accountNo;
 };
-
 } // namespace tresvane

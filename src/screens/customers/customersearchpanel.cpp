@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 CustomerSearchPanel::CustomerSearchPanel(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
 {
@@ -223,5 +222,4 @@ bool CustomerSearchPanel::eventFilter(QObject* watched, QEvent* event)
     }
     return QWidget::eventFilter(watched, event);
 }
-
 } // namespace tresvane

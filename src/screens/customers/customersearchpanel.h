@@ -12,7 +12,6 @@ class QRadioButton;
 
 namespace tresvane
 {
-
 class FlexGrid;
 
 // The search panel of the customer screen (fraSearch) and the panel of what it found
@@ -64,5 +63,4 @@ private:
 
     CoreContext& c;
 };
-
 } // namespace tresvane

@@ -30,7 +30,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -839,5 +838,4 @@ bool frmCustomer::eventFilter(QObject* watched, QEvent* event)
     }
     return QWidget::eventFilter(watched, event);
 }
-
 } // namespace tresvane

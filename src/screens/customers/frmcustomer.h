@@ -18,7 +18,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 class AccountListModel;
 class CustomerAuxPanel;
 class CustomerSearchPanel;
@@ -160,5 +159,4 @@ private:
     CustomerBoxes m_unchanged;
     void markUnchanged() { m_unchanged = boxes(); }
 };
-
 } // namespace tresvane

@@ -17,7 +17,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const QString kCallNow = QStringLiteral("Call Now");
@@ -233,5 +232,4 @@ void StoredCallPanel::ContinueCallback()
     if (optExitCallback->isChecked()) return;
     emit actionChosen(optMeeting->isChecked());
 }
-
 } // namespace tresvane

@@ -14,7 +14,6 @@ class QRadioButton;
 
 namespace tresvane
 {
-
 class UpDown;
 
 // The stored calls on the customer screen (fraCall, with the action panel fraCallBack):
@@ -85,5 +84,4 @@ private:
     Screen m_screen;
     qint32 m_count = 0;
 };
-
 } // namespace tresvane

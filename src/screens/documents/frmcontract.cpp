@@ -30,7 +30,6 @@
 
 namespace tresvane
 {
-
 frmContract::frmContract(CoreContext& ctx, Desktop& desktop, QWidget* parent)
     : QWidget(parent), c(ctx), m_desktop(desktop)
 {
@@ -309,5 +308,4 @@ void frmContract::offerToOpen(const QString& account)
                                          "It is saved as %1")
                               .arg(path));
 }
-
 } // namespace tresvane

@@ -19,7 +19,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 class Desktop;
 struct ContractTerms;
 
@@ -84,5 +83,4 @@ private:
     QAction* mnuServices;
     QAction* mnuManual;
 };
-
 } // namespace tresvane

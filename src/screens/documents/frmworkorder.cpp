@@ -30,7 +30,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const char* const kCaptions[11] = {"Menu",
@@ -417,5 +416,4 @@ void frmWorkOrder::cmdWO_Click(int index)
         break;
     }
 }
-
 } // namespace tresvane

@@ -19,7 +19,6 @@ class QTreeWidget;
 
 namespace tresvane
 {
-
 class PrintDialogs;
 class PrintSurface;
 
@@ -92,5 +91,4 @@ private:
     QPushButton* cmdPreview;
     QAction* mnuAccount;
 };
-
 } // namespace tresvane

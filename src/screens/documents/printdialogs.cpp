@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 bool QtPrintDialogs::choosePrinter(QPrinter& printer, QWidget* parent)
 {
     QPrintDialog dialog(&printer, parent);
@@ -26,5 +25,4 @@ void QtPrintDialogs::preview(QPrinter& printer, const std::function<void(QPrinte
                      [&paint](QPrinter* p) { paint(p); });
     dialog.exec();
 }
-
 } // namespace tresvane

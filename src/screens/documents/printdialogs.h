@@ -8,7 +8,6 @@ class QWidget;
 
 namespace tresvane
 {
-
 // The two windows a person answers before paper is used: the print dialog that picks the
 // printer (or a PDF file) and the copies, and the preview of the pages. Screens reach
 // them through this, so that a test can answer in the person's place.
@@ -33,5 +32,4 @@ public:
     void preview(QPrinter& printer, const std::function<void(QPrinter*)>& paint,
                  QWidget* parent) override;
 };
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 PrinterSurface::PrinterSurface(QPrinter& printer, Jobs jobs, QPointF offset)
     : m_printer(printer), m_jobs(jobs), m_offset(offset)
 {
@@ -187,5 +186,4 @@ void PrinterSurface::endDoc()
     else
         m_pageOpen = false;
 }
-
 } // namespace tresvane

@@ -16,7 +16,6 @@ class QPrinter;
 
 namespace tresvane
 {
-
 // A PrintSurface that paints on a QPrinter: a real printer through CUPS, a PDF file, or
 // the pages of the print preview. Pages start when something is drawn on them, so a
 // document that draws nothing costs no paper.
@@ -85,5 +84,4 @@ private:
     mutable std::unique_ptr<QFontMetricsF> m_metrics;
     QHash<QString, QImage> m_pictures;
 };
-
 } // namespace tresvane

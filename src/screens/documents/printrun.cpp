@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const QString kOffsetRight = QStringLiteral("Print/offsetRight");
@@ -111,5 +110,4 @@ Result<int> PrintDocumentsToPdf(const QString& file, const DrawDocuments& draw)
     if (Status s = run(surface, draw); !s) return s;
     return surface.pages();
 }
-
 } // namespace tresvane

@@ -10,7 +10,6 @@ class QWidget;
 
 namespace tresvane
 {
-
 class Dialogs;
 class PrintDialogs;
 class PrintSurface;
@@ -50,5 +49,4 @@ void PreviewDocuments(PrintDialogs& printDialogs, Dialogs& dialogs, QWidget* par
 // The run into a PDF file with no dialog, for the command line. Returns the number of
 // pages written.
 Result<int> PrintDocumentsToPdf(const QString& file, const DrawDocuments& draw);
-
 } // namespace tresvane

@@ -17,7 +17,6 @@
 
 namespace tresvane
 {
-
 frmCallBack::frmCallBack(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
     setObjectName(QStringLiteral("frmCallBack"));
@@ -131,5 +130,4 @@ bool frmCallBack::eventFilter(QObject* watched, QEvent* event)
     }
     return QWidget::eventFilter(watched, event);
 }
-
 } // namespace tresvane

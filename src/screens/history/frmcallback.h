@@ -10,7 +10,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 class FlexGrid;
 
 // "Courtesy Calling": the Service Attentions booked over a span of days, in date order, so
@@ -46,5 +45,4 @@ protected:
 private:
     CoreContext& c;
 };
-
 } // namespace tresvane

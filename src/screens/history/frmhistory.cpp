@@ -23,7 +23,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 QPushButton* button(const QString& caption, const QString& name, QWidget* parent)
@@ -271,5 +270,4 @@ void frmHistory::cmdIncome_Click(int index)
     dates.cmdIncome_Click(index, c.clock.today(), c.dialogs);
     showDates();
 }
-
 } // namespace tresvane

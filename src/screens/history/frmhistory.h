@@ -14,7 +14,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 class FlexGrid;
 
 // "Account Service and Billing History": the service history and the ledger of one account
@@ -67,5 +66,4 @@ private:
     bool m_settingDates = false;
     QString m_pendingAccount;
 };
-
 } // namespace tresvane

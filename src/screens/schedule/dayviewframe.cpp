@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 DayViewFrame::DayViewFrame(QWidget* parent) : QGroupBox(parent)
 {
     setObjectName(QStringLiteral("fraDay"));
@@ -69,5 +68,4 @@ bool DayViewFrame::eventFilter(QObject* watched, QEvent* event)
             if (watched == Label2[i] && !Label2[i]->toolTip().isEmpty()) emit dialRequested(i);
     return QGroupBox::eventFilter(watched, event);
 }
-
 } // namespace tresvane

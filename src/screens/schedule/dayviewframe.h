@@ -10,7 +10,6 @@ class QPlainTextEdit;
 
 namespace tresvane
 {
-
 // The expanded day view: one box for each hour with the customer, address, telephone and
 // problem of the job booked there. It lies over the time grid while it is open.
 class DayViewFrame : public QGroupBox
@@ -37,5 +36,4 @@ protected:
 private:
     DayView m_view;
 };
-
 } // namespace tresvane

@@ -1,5 +1,6 @@
 #include "screens/schedule/frmmain.h"
 
+#include "core/documents/invoices.h"
 #include "core/io/sliprecord.h"
 #include "core/io/store.h"
 #include "core/ports/clock.h"
@@ -85,12 +86,15 @@ void frmMain::buildLayout()
     mnuTeamCal->setObjectName(QStringLiteral("mnuTeamCal"));
     mnuCustomer = view->addAction(QStringLiteral("C&ustomer"));
     mnuCustomer->setObjectName(QStringLiteral("mnuCustomer"));
-    mnuInvoiceS = view->addAction(QStringLiteral("&Invoices"));
+    QMenu* invoices = menuBar()->addMenu(QStringLiteral("&Invoices"));
+    mnuInvoiceS = invoices->menuAction();
     mnuInvoiceS->setObjectName(QStringLiteral("mnuInvoiceS"));
-    mnuInvoiceS->setEnabled(false);
-    mnuInvoiceStyle = view->addAction(QStringLiteral("Invoice &Style"));
+    mnuInvoiceStyle = invoices->addAction(QStringLiteral("Invoice &Style"));
     mnuInvoiceStyle->setObjectName(QStringLiteral("mnuInvoiceStyle"));
-    mnuInvoiceStyle->setEnabled(false);
+    mnuMemo = invoices->addAction(QStringLiteral("Toggle &Memo"));
+    mnuMemo->setObjectName(QStringLiteral("mnuMemo"));
+    mnuBlankinvoices = invoices->addAction(QStringLiteral("&Blank Invoices..."));
+    mnuBlankinvoices->setObjectName(QStringLiteral("mnuBlankinvoices"));
     mnuFindFreeTime = view->addAction(QStringLiteral("&Find Free Time"));
     mnuFindFreeTime->setObjectName(QStringLiteral("mnuFindFreeTime"));
     mnuFindFreeTime->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
@@ -275,9 +279,16 @@ void frmMain::buildLayout()
     fraInvoice->setSelection([this] {
         // The entry after the last team is "All Teams".
         const int row = lstTeam->currentRow();
-        return PrintPanel::Selection{m_currentDate, row < c.v.TeamCount() ? row + 1 : 0,
-                                     fraCopies->isVisible() ? txtCopies->value() : c.v.gCopies};
+        PrintPanel::Selection s{m_currentDate, row < c.v.TeamCount() ? row + 1 : 0,
+                                fraCopies->isVisible() ? txtCopies->value() : c.v.gCopies};
+        s.style = InvoiceStyleOf(fraInvoiceType->invoiceStyle());
+        s.addMemo = fraInvoiceType->addMemo();
+        s.printReason = fraInvoiceType->printReason();
+        s.blankCount = BlankCount;
+        return s;
     });
+    // Blank invoices are asked for one job at a time, whatever style printed them.
+    connect(fraInvoice, &PrintPanel::invoicesPrinted, this, [this] { BlankCount = 0; });
     right->addWidget(fraInvoice);
 
     fraUnscheduled = new StoredSlipsFrame(central);
@@ -314,6 +325,9 @@ void frmMain::buildLayout()
     connect(cmdSaveTextMessage, &QPushButton::clicked, this, &frmMain::cmdSaveTextMessage_Click);
     connect(mnuTeamCal, &QAction::triggered, this, &frmMain::mnuTeamCal_Click);
     connect(mnuFindFreeTime, &QAction::triggered, this, &frmMain::mnuFindFreeTime_Click);
+    connect(mnuInvoiceStyle, &QAction::triggered, this, &frmMain::mnuInvoiceStyle_Click);
+    connect(mnuMemo, &QAction::triggered, this, &frmMain::mnuMemo_Click);
+    connect(mnuBlankinvoices, &QAction::triggered, this, &frmMain::mnuBlankinvoices_Click);
     connect(mnuCustomer, &QAction::triggered, this,
             [this] { fraCustomer->setVisible(!fraCustomer->isVisible()); });
     connect(fraTeamCal, &TeamMonthFrame::boxClicked, this, &frmMain::Text1_Click);
@@ -377,6 +391,7 @@ void frmMain::Form_Activate()
         mnuInvoiceStyle->setVisible(mode == Mode::Invoices);
         mnuFindFreeTime->setVisible(mode == Mode::ServiceSlip || mode == Mode::Meeting ||
                                     mode == Mode::Reschedule);
+        BlankCount = 0;
         ckSaveUnscheduled->setChecked(false);
         cmdSaveTextMessage->setEnabled(false);
         cmdView_0->setEnabled(true);
@@ -563,6 +578,39 @@ void frmMain::lstTeam_Change(int i)
     }
     if (mode == Mode::WorkSchedules)
         fgHours->setVisible(!(lstTeam->currentItem() && lstTeam->currentRow() >= c.v.TeamCount()));
+    if (mode == Mode::Invoices) RebuildInvoiceChoices();
+}
+
+void frmMain::RebuildInvoiceChoices()
+{
+    const bool offered = ServiceOrderOffered(c.store);
+    fraInvoiceType->setServiceOrderOffered(offered);
+    fraInvoiceType->setInvoiceStyle(qint16(SetupInvoiceStyle(c.v, offered)));
+}
+
+void frmMain::mnuInvoiceStyle_Click()
+{
+    fraInvoiceType->setVisible(!fraInvoiceType->isVisible());
+}
+
+void frmMain::mnuMemo_Click()
+{
+    fraMemo->setVisible(!fraMemo->isVisible());
+}
+
+void frmMain::mnuBlankinvoices_Click()
+{
+    const std::optional<QString> typed =
+        c.dialogs.input(QStringLiteral("Enter the Number of Blank Service Invoices\n"
+                                       "that you would like Printed"),
+                        QStringLiteral("Print Blank Invoices"), QString::number(BlankCount));
+    if (!typed) return;
+    const std::optional<int> count = ParseBlankCount(*typed);
+    if (!count) {
+        c.dialogs.message(BlankCountMessage(), QStringLiteral("Print Blank Invoices"));
+        return;
+    }
+    BlankCount = *count;
 }
 
 void frmMain::UpDnTeam_Step(int step)

@@ -93,9 +93,11 @@ public:
     // Menus
     QAction* mnuCustomer;
     QAction* mnuTeamCal;
-    QAction* mnuInvoiceS;
+    QAction* mnuInvoiceS; // the Invoices menu
     QAction* mnuInvoiceStyle;
     QAction* mnuFindFreeTime;
+    QAction* mnuMemo;
+    QAction* mnuBlankinvoices;
 
     // The screen's state
     QString EventText;
@@ -107,6 +109,8 @@ public:
     // The number of the slip a reschedule took out, whose calendar event the new slip
     // carries on; empty when this booking is no reschedule.
     QString RescheduledFrom;
+    // Blank invoices asked for, printed by the next invoice job instead of the day's.
+    int BlankCount = 0;
 
     // The date the calendar stands on, which is the date a booking is for.
     QDate currentDate() const { return m_currentDate; }
@@ -138,6 +142,11 @@ public:
     void cboService_LostFocus();
     void fraCustomer_Click();
     void mnuTeamCal_Click();
+    void mnuInvoiceStyle_Click();
+    void mnuMemo_Click();
+    void mnuBlankinvoices_Click();
+    // The invoice style from the setup, the service order offered where its stock is.
+    void RebuildInvoiceChoices();
     void DrawTeamMonth();
     void Text1_Click(int box);
     void cmdUnscheduled_Click(int index);

@@ -43,6 +43,12 @@ void InvoiceTypeFrame::setInvoiceStyle(qint16 style)
     optInvoiceType[style == 2 ? 0 : style == 0 ? 2 : 1]->setChecked(true);
 }
 
+void InvoiceTypeFrame::setServiceOrderOffered(bool offered)
+{
+    optInvoiceType[0]->setVisible(offered);
+    if (!offered && optInvoiceType[0]->isChecked()) optInvoiceType[1]->setChecked(true);
+}
+
 bool InvoiceTypeFrame::addMemo() const
 {
     return ckAddMemo->isChecked();

@@ -22,6 +22,9 @@ public:
     void setInvoiceStyle(qint16 style);
     bool addMemo() const;
     bool printReason() const;
+    // The service order is offered only where the stock it prices items from is; hidden,
+    // it gives its place to the standard field invoice.
+    void setServiceOrderOffered(bool offered);
 
 private:
     // [0] service order, [1] standard field, [2] office, as they stand on the screen.

@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 MemoFrame::MemoFrame(Store& store, Dialogs& dialogs, QWidget* parent)
     : QGroupBox(QStringLiteral("Invoice Memo"), parent), m_store(store), m_dialogs(dialogs)
 {
@@ -49,5 +48,4 @@ void MemoFrame::cmdInvoiceMemo_Click()
     }
     lblMemo->setVisible(true);
 }
-
 } // namespace tresvane

@@ -10,7 +10,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 class Dialogs;
 class Store;
 
@@ -34,5 +33,4 @@ private:
     QLabel* lblMemo;
     QPushButton* cmdInvoiceMemo;
 };
-
 } // namespace tresvane

@@ -2,6 +2,7 @@
 
 #include "core/documents/printframe.h"
 #include "core/io/store.h"
+#include "core/ports/dialogs.h"
 #include "core/state/dispatchingvariables.h"
 #include "screens/documents/printdialogs.h"
 #include "screens/shell/named.h"
@@ -89,10 +90,30 @@ void PrintPanel::Reset()
     emit closed();
 }
 
+InvoiceRequest PrintPanel::invoiceRequest(const Selection& s) const
+{
+    InvoiceRequest r;
+    r.date = s.date;
+    r.team = s.team;
+    r.style = s.style;
+    r.addMemo = s.addMemo;
+    r.printReason = s.printReason;
+    r.blankCount = s.blankCount;
+    return r;
+}
+
 DrawDocuments PrintPanel::documents() const
 {
-    if (c.v.Mode != Mode::WorkSchedules || !m_selection) return {};
+    if (!m_selection) return {};
     const Selection s = m_selection();
+    if (c.v.Mode == Mode::Invoices) {
+        const InvoiceRequest request = invoiceRequest(s);
+        return [this, request](PrintSurface& surface) -> Status {
+            PrintJob job{surface, DocumentSettingsOf(c.v)};
+            return PrintInvoices(job, c.store, c.v, request).status();
+        };
+    }
+    if (c.v.Mode != Mode::WorkSchedules) return {};
     const ScheduleRequest request{s.date, s.team, form()};
     return [this, request](PrintSurface& surface) -> Status {
         PrintJob job{surface, DocumentSettingsOf(c.v)};
@@ -100,21 +121,39 @@ DrawDocuments PrintPanel::documents() const
     };
 }
 
+bool PrintPanel::hasPages(const Selection& s) const
+{
+    if (c.v.Mode != Mode::Invoices) return true;
+    Result<int> count = CountInvoices(c.store, c.v, invoiceRequest(s));
+    if (!count) {
+        c.dialogs.message(count.message(), QStringLiteral("Print Error"), Dialogs::Buttons::Ok,
+                          Dialogs::Icon::Exclamation);
+        return false;
+    }
+    if (*count > 0) return true;
+    c.dialogs.message(NoInvoicesMessage(c.v.gAssignTo.value(s.team), s.date),
+                      QStringLiteral("Print Invoices"), Dialogs::Buttons::Ok,
+                      Dialogs::Icon::Information);
+    return false;
+}
+
 void PrintPanel::cmdInvoiceContinue_Click()
 {
-    // The day's invoices come with their own documents; until then the schedules are what
-    // prints from here.
-    if (const DrawDocuments draw = documents()) {
-        const int copies = m_selection ? m_selection().copies : 1;
-        PrintDocuments(m_printDialogs, c.dialogs, window(), copies,
-                       ReadPrintOffset(c.store.baseName()), draw);
+    const DrawDocuments draw = documents();
+    if (draw && hasPages(m_selection())) {
+        const int copies = m_selection().copies;
+        const PrintOutcome outcome = PrintDocuments(m_printDialogs, c.dialogs, window(), copies,
+                                                    ReadPrintOffset(c.store.baseName()), draw);
+        if (c.v.Mode == Mode::Invoices && outcome != PrintOutcome::Cancelled)
+            emit invoicesPrinted();
     }
     Reset();
 }
 
 void PrintPanel::cmdPreview_Click()
 {
-    if (const DrawDocuments draw = documents())
+    const DrawDocuments draw = documents();
+    if (draw && hasPages(m_selection()))
         PreviewDocuments(m_printDialogs, c.dialogs, window(), ReadPrintOffset(c.store.baseName()),
                          draw);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/documents/invoices.h"
 #include "core/documents/workschedule.h"
 #include "core/state/corecontext.h"
 #include "screens/documents/printrun.h"
@@ -19,7 +20,8 @@ class PrintDialogs;
 
 // The Scheduling Screen's print panel: the paper to put in the printer, the schedule's
 // form, and Print, Preview and Cancel. In the schedule mode it prints the crews' work
-// schedules; the invoice mode shows the invoice paper's prompt.
+// schedules; in the invoice mode the team's invoices of the day in the chosen style, or
+// the blank invoices asked for.
 class PrintPanel : public QGroupBox
 {
     Q_OBJECT
@@ -29,6 +31,11 @@ public:
         QDate date;
         int team = 0; // 1 to the number of teams; 0 for all teams
         int copies = 1;
+        // The invoice mode's choices.
+        InvoiceStyle style = InvoiceStyle::Repair;
+        bool addMemo = false;
+        bool printReason = false;
+        int blankCount = 0;
     };
 
     PrintPanel(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent = nullptr);
@@ -50,9 +57,15 @@ public:
 signals:
     // The panel was put away, after a print or a cancel.
     void closed();
+    // An invoice job went to the printer: the blank invoices asked for are done.
+    void invoicesPrinted();
 
 private:
     DrawDocuments documents() const;
+    // In the invoice mode, whether the job has a page at all; when it has none the
+    // dispatcher is told so and nothing is printed.
+    bool hasPages(const Selection& s) const;
+    InvoiceRequest invoiceRequest(const Selection& s) const;
 
     CoreContext& c;
     PrintDialogs& m_printDialogs;

@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 StoredSlipsFrame::StoredSlipsFrame(QWidget* parent) : QGroupBox(parent)
 {
     setObjectName(QStringLiteral("fraUnscheduled"));
@@ -74,5 +73,4 @@ int StoredSlipsFrame::selectedRecord() const
 {
     return fgUnscheduled->currentRow() + 1;
 }
-
 } // namespace tresvane

@@ -6,7 +6,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 class FlexGrid;
 class Store;
 
@@ -32,5 +31,4 @@ public:
 signals:
     void buttonClicked(int index);
 };
-
 } // namespace tresvane

@@ -14,7 +14,6 @@
 
 namespace tresvane
 {
-
 QColor TeamMonthFrame::bookedColor()
 {
     return QColor(255, 0, 0);
@@ -121,5 +120,4 @@ bool TeamMonthFrame::eventFilter(QObject* watched, QEvent* event)
     }
     return QGroupBox::eventFilter(watched, event);
 }
-
 } // namespace tresvane

@@ -46,5 +46,4 @@ protected:
 private:
     TeamMonth m_month;
 };
-
 } // namespace tresvane

@@ -94,5 +94,4 @@ private:
     // The controls as the screen came to the front.
     QStringList m_unchanged;
 };
-
 } // namespace tresvane

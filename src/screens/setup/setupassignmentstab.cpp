@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 SetupAssignmentsTab::SetupAssignmentsTab(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
 {
@@ -160,5 +159,4 @@ void SetupAssignmentsTab::cmdDelete_Click()
     cboAssignments->setEditText(QString());
     cboAssignments->setFocus();
 }
-
 } // namespace tresvane

@@ -11,7 +11,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 // Tab 1 of the setup screen: the Assignments, the schedulable teams. A team's number is
 // its place in the list and names its folder.
 class SetupAssignmentsTab : public QWidget
@@ -49,5 +48,4 @@ private:
     void report(const Status& s);
     CoreContext& c;
 };
-
 } // namespace tresvane

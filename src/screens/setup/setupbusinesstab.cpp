@@ -17,7 +17,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 constexpr int kInternationalStateLength = 55;
@@ -175,5 +174,4 @@ void SetupBusinessTab::Image5_Click()
     for (int i = 0; i < 9; ++i)
         txtBusiness[i]->setText(c.v.settings.txtBusiness[i]);
 }
-
 } // namespace tresvane

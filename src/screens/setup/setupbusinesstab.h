@@ -13,7 +13,6 @@ class QToolButton;
 
 namespace tresvane
 {
-
 // Tab 0 of the setup screen, Business Info: the company's name and address that head
 // every document, and the switch between the USA and the international address layout.
 class SetupBusinessTab : public QWidget
@@ -41,5 +40,4 @@ private:
     CoreContext& c;
     int m_narrowWidth = 0;
 };
-
 } // namespace tresvane

@@ -18,7 +18,6 @@
 
 namespace tresvane
 {
-
 SetupInvoiceItemsTab::SetupInvoiceItemsTab(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
 {
@@ -215,5 +214,4 @@ void SetupInvoiceItemsTab::cmdRInvoice_Click(int index)
         break;
     }
 }
-
 } // namespace tresvane

@@ -50,5 +50,4 @@ private:
     QList<PriceEntry> m_items;
     QList<PriceEntry> m_stock;
 };
-
 } // namespace tresvane

@@ -21,7 +21,6 @@
 
 namespace tresvane
 {
-
 SetupLogoTab::SetupLogoTab(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent)
     : QWidget(parent), c(ctx), m_printDialogs(printDialogs), m_width(kDefaultLogoTwips),
       m_height(kDefaultLogoTwips)
@@ -215,5 +214,4 @@ void SetupLogoTab::stepHeight(bool up)
     m_height = LogoSizeStep(m_height, up);
     showSize();
 }
-
 } // namespace tresvane

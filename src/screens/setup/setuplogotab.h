@@ -54,5 +54,4 @@ private:
     int m_width;
     int m_height;
 };
-
 } // namespace tresvane

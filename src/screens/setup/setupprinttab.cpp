@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 SetupPrintTab::SetupPrintTab(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
     setObjectName(QStringLiteral("tabPrinting"));
@@ -159,5 +158,4 @@ void SetupPrintTab::cmdChange_Click(int index)
         if (ok) lblFont->setText(font.family());
     }
 }
-
 } // namespace tresvane

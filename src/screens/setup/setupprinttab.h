@@ -14,7 +14,6 @@ class QSpinBox;
 
 namespace tresvane
 {
-
 // Tab 4 of the setup screen, Printing: the two colours, the font, colour printing and
 // the number of copies that every document shares.
 class SetupPrintTab : public QWidget
@@ -52,5 +51,4 @@ private:
     qint32 m_border = 0;
     qint32 m_text = 0;
 };
-
 } // namespace tresvane

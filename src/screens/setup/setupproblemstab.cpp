@@ -15,7 +15,6 @@
 
 namespace tresvane
 {
-
 SetupProblemsTab::SetupProblemsTab(CoreContext& ctx, QWidget* parent) : QWidget(parent), c(ctx)
 {
     setObjectName(QStringLiteral("tabProblems"));
@@ -90,5 +89,4 @@ void SetupProblemsTab::cmdDeletePC_Click()
     LoadProblems();
     cboProblems->setFocus();
 }
-
 } // namespace tresvane

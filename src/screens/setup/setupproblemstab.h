@@ -10,7 +10,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 // Tab 2 of the setup screen: the Problem Descriptions offered when a slip is booked.
 class SetupProblemsTab : public QWidget
 {
@@ -31,5 +30,4 @@ public:
 private:
     CoreContext& c;
 };
-
 } // namespace tresvane

@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 SetupServiceOrderTab::SetupServiceOrderTab(CoreContext& ctx, QWidget* parent)
     : QWidget(parent), c(ctx)
 {
@@ -128,5 +127,4 @@ void SetupServiceOrderTab::cmdServiceOrder_Click(int index)
     lstCurrentItems->clear();
     fraSelectedItems->setVisible(false);
 }
-
 } // namespace tresvane

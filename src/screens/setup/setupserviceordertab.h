@@ -12,7 +12,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 // Tab 7 of the setup screen: the services and items a Service Order invoice pre-prints,
 // at most 8 of each, chosen from the catalogues of the sibling programs and the custom
 // items.
@@ -39,5 +38,4 @@ private:
     QList<PriceEntry> m_services;
     QList<PriceEntry> m_items;
 };
-
 } // namespace tresvane

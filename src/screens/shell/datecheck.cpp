@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -107,5 +106,4 @@ void WireDateCheck(QDateEdit* box, Dialogs& dialogs)
     box->setKeyboardTracking(false);
     box->installEventFilter(new DateCheck(box, dialogs));
 }
-
 } // namespace tresvane

@@ -3,7 +3,6 @@ class QDateEdit;
 
 namespace tresvane
 {
-
 class Dialogs;
 
 // A date typed whole into a date box (month/day/year) is taken as typed. A date that does
@@ -11,5 +10,4 @@ class Dialogs;
 // it held; without this the box would quietly turn it into another date. The check runs
 // when the typing ends: Enter, Tab, or the focus leaving the box.
 void WireDateCheck(QDateEdit* box, Dialogs& dialogs);
-
 } // namespace tresvane

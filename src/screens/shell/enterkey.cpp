@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 void EnterClicks(QLineEdit* box, QAbstractButton* button)
 {
     auto pending = std::make_shared<bool>(false);
@@ -20,5 +19,4 @@ void EnterClicks(QLineEdit* box, QAbstractButton* button)
         });
     });
 }
-
 } // namespace tresvane

@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 int FlexGridModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(m_rows.size());
@@ -282,5 +281,4 @@ void FlexGrid::wheelEvent(QWheelEvent* event)
     if (wanted != topRow()) setTopRow(wanted);
     event->accept();
 }
-
 } // namespace tresvane

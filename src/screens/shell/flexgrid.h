@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 // The one grid of the program: a table of strings with a colour and an alignment per cell,
 // sorting by text or by number, and a mouse wheel that moves a screenful (at least 10
 // rows) per notch. Rows are counted from 0 below the heading row. The model keeps one
@@ -98,5 +97,4 @@ private:
     FlexGridModel* m_model;
     int m_wheelRemainder = 0;
 };
-
 } // namespace tresvane

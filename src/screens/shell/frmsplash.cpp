@@ -18,7 +18,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 QToolButton* logoButton(QWidget* parent, int size, const QString& name)
@@ -145,5 +144,4 @@ void frmSplash::Image1_Click(int index)
     if (index == 1) fraWelcome->setVisible(false);
     emit showSetup();
 }
-
 } // namespace tresvane

@@ -12,7 +12,6 @@ class QToolButton;
 
 namespace tresvane
 {
-
 // The start-up welcome form. Continue goes to the menu when the required files stand and
 // shows the welcome panel when they do not; the logo leads to the setup screen.
 class frmSplash : public QWidget
@@ -45,5 +44,4 @@ signals:
 private:
     CoreContext& c;
 };
-
 } // namespace tresvane

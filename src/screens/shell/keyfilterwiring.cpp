@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -136,5 +135,4 @@ void WireKeyFilter(QComboBox* box, KeyFilterKind kind, Dialogs& dialogs)
 {
     if (QLineEdit* edit = box->lineEdit()) WireKeyFilter(edit, kind, dialogs);
 }
-
 } // namespace tresvane

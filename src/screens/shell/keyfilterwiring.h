@@ -6,7 +6,6 @@ class QLineEdit;
 
 namespace tresvane
 {
-
 class Dialogs;
 
 // Puts the key filters in front of a box: each typed character goes through the filter
@@ -21,5 +20,4 @@ enum class KeyFilterKind {
 
 void WireKeyFilter(QLineEdit* box, KeyFilterKind kind, Dialogs& dialogs);
 void WireKeyFilter(QComboBox* box, KeyFilterKind kind, Dialogs& dialogs);
-
 } // namespace tresvane

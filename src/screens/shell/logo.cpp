@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 QPixmap ProgramMark(int size)
 {
     QPixmap pixmap(size, size);
@@ -30,5 +29,4 @@ QPixmap ProgramMark(int size)
     p.drawText(tile, Qt::AlignCenter, QStringLiteral("TD"));
     return pixmap;
 }
-
 } // namespace tresvane

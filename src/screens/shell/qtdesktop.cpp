@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 bool QtDesktop::openUrl(const QString& url)
 {
     return QDesktopServices::openUrl(QUrl(url));
@@ -22,5 +21,4 @@ void QtDesktop::setClipboardText(const QString& text)
 {
     QGuiApplication::clipboard()->setText(text);
 }
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The browser and the programs for documents through QDesktopServices, the clipboard
 // through QClipboard.
 class QtDesktop final : public Desktop
@@ -14,5 +13,4 @@ public:
     void setClipboardText(const QString& text) override;
     bool openFile(const QString& path) override;
 };
-
 } // namespace tresvane

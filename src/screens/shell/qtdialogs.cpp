@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -120,5 +119,4 @@ void QtDialogs::beep()
 {
     QApplication::beep();
 }
-
 } // namespace tresvane

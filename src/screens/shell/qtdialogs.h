@@ -6,7 +6,6 @@ class QWidget;
 
 namespace tresvane
 {
-
 // Messages and input boxes as Qt's message box and input dialog.
 class QtDialogs final : public Dialogs
 {
@@ -22,5 +21,4 @@ public:
 private:
     QWidget* m_parent;
 };
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 bool g_geometryKept = true;
@@ -120,5 +119,4 @@ void ResetScreen(QWidget* form)
             w->setEnabled(false);
     }
 }
-
 } // namespace tresvane

@@ -9,7 +9,6 @@ class QWidget;
 
 namespace tresvane
 {
-
 // What every screen shares: its size and place kept between runs in QSettings under the
 // program's key, and the close box, which ends the program through ExitProgram. A screen
 // hidden or destroyed by code does not pass through the close box.
@@ -52,5 +51,4 @@ QRect PlaceOnScreen(QRect window, const QRect& available, bool centre);
 // Resets a screen by the tags of its controls (the dynamic property "Tag"): "Hide" and
 // "Instruction" become invisible, "Button" is disabled, untagged controls are left alone.
 void ResetScreen(QWidget* form);
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -51,5 +50,4 @@ StopSignals::~StopSignals()
         fd = -1;
     }
 }
-
 } // namespace tresvane

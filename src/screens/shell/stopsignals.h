@@ -6,7 +6,6 @@ class QSocketNotifier;
 
 namespace tresvane
 {
-
 // Turns the requests to end that a desktop session sends a program (SIGTERM at logout,
 // SIGHUP when its terminal goes, SIGINT from Ctrl+C) into one signal on the event loop,
 // so the program can leave in order. The handler itself only writes a byte to a pipe.
@@ -24,5 +23,4 @@ signals:
 private:
     QSocketNotifier* m_notifier = nullptr;
 };
-
 } // namespace tresvane

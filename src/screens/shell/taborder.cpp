@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 void SetTabChain(const QList<QWidget*>& widgets)
 {
     for (qsizetype i = 1; i < widgets.size(); ++i)
@@ -15,5 +14,4 @@ void SetTabChain(std::initializer_list<QWidget*> widgets)
 {
     SetTabChain(QList<QWidget*>(widgets));
 }
-
 } // namespace tresvane

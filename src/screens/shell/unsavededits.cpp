@@ -11,7 +11,6 @@
 
 namespace tresvane
 {
-
 QStringList CaptureControls(const QWidget* form)
 {
     QStringList values;
@@ -46,5 +45,4 @@ QStringList CaptureControls(const QWidget* form)
     }
     return values;
 }
-
 } // namespace tresvane

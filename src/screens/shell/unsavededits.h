@@ -6,7 +6,6 @@ class QWidget;
 
 namespace tresvane
 {
-
 // A screen that can hold edits not yet written. Its close box ends the program, so before
 // that the App asks whether to save them (Yes, No, Cancel) and, on Yes, has the screen
 // save them as its own save button would.
@@ -26,5 +25,4 @@ public:
 // boxes, lists and labels, and the state of its check boxes and option buttons. Two
 // captures differ exactly when something on the form was changed in between.
 QStringList CaptureControls(const QWidget* form);
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 UpDown::UpDown(const QString& name, QWidget* parent) : QWidget(parent)
 {
     setObjectName(name);
@@ -23,5 +22,4 @@ UpDown::UpDown(const QString& name, QWidget* parent) : QWidget(parent)
     connect(up, &QToolButton::clicked, this, &UpDown::upClicked);
     connect(down, &QToolButton::clicked, this, &UpDown::downClicked);
 }
-
 } // namespace tresvane

@@ -6,7 +6,6 @@ class QToolButton;
 
 namespace tresvane
 {
-
 // A pair of arrow buttons, the spin button that moves an entry or steps a value.
 class UpDown : public QWidget
 {
@@ -20,5 +19,4 @@ signals:
     void upClicked();
     void downClicked();
 };
-
 } // namespace tresvane

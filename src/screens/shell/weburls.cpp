@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 namespace WebUrls
 {
 QString HomePage()
@@ -52,5 +51,4 @@ QString ShippingLabels()
     return QStringLiteral(DISPATCH_URL_SHOP "shipping-labels");
 }
 } // namespace WebUrls
-
 } // namespace tresvane

@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // The web addresses the program opens. They are configuration of the build (CMake cache
 // variables of the same names), not of the data folder.
 namespace WebUrls
@@ -19,5 +18,4 @@ QString ProposalSets();
 QString AddressLabels();
 QString ShippingLabels();
 } // namespace WebUrls
-
 } // namespace tresvane

@@ -28,7 +28,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 QPushButton* button(const QString& caption, const QString& name, QWidget* parent)
@@ -542,5 +541,4 @@ void frmCallRecord::mnuView_Click()
     showSummary(fraSummary->isHidden());
     mnuView->setText(mnuView->text() == kListView ? kDetailView : kListView);
 }
-
 } // namespace tresvane

@@ -16,7 +16,6 @@ class QRadioButton;
 
 namespace tresvane
 {
-
 class FlexGrid;
 
 // "Service Attention Record Summary": the screen on which a dispatcher finds a booked slip
@@ -127,5 +126,4 @@ private:
     QButtonGroup* m_searchFor;
     QButtonGroup* m_searchBy;
 };
-
 } // namespace tresvane

@@ -19,7 +19,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const QString kCustomerFile = QStringLiteral("/CustomerData.txt");
@@ -288,5 +287,4 @@ void frmCallID::hideEvent(QHideEvent* event)
     LeaveMonitoring();
     QWidget::hideEvent(event);
 }
-
 } // namespace tresvane

@@ -14,7 +14,6 @@ class QSpinBox;
 
 namespace tresvane
 {
-
 class FlexGrid;
 class SerialLink;
 
@@ -93,5 +92,4 @@ private:
     bool m_firstTick = true;
     bool m_callerId = false;
 };
-
 } // namespace tresvane

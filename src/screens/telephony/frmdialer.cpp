@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const QString kReady = QStringLiteral("Ready to Dial......");
@@ -331,5 +330,4 @@ void frmDialer::cmdHelp_Click()
     cmdHelp->setText(fraHelp->isHidden() ? QStringLiteral("Show Help")
                                          : QStringLiteral("Hide Help"));
 }
-
 } // namespace tresvane

@@ -93,5 +93,4 @@ private:
     QTimer m_waitNotice;
     bool m_dialing = false;
 };
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const QString kDeviceKey = QStringLiteral("Modem/device");
@@ -34,5 +33,4 @@ QStringList SerialDevicesOnSystem()
     devices.sort();
     return devices;
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 QtSerialLink::QtSerialLink(QObject* parent) : SerialLink(parent), m_port(new QSerialPort(this))
 {
     connect(m_port, &QSerialPort::readyRead, this, &SerialLink::bytesArrived);
@@ -100,5 +99,4 @@ void QtSerialLink::clear()
         m_port->clear(QSerialPort::Input);
     }
 }
-
 } // namespace tresvane

@@ -6,7 +6,6 @@ class QSerialPort;
 
 namespace tresvane
 {
-
 // The modem's serial line through QSerialPort.
 class QtSerialLink final : public SerialLink
 {
@@ -31,5 +30,4 @@ private:
     QSerialPort* m_port;
     QString m_device;
 };
-
 } // namespace tresvane

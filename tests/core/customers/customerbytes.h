@@ -4,7 +4,6 @@
 
 namespace tresvane
 {
-
 // Customer records laid down by hand, field by field, in Windows-1252, independent of the
 // record codec.
 struct HandCustomer {
@@ -53,5 +52,4 @@ inline QByteArray companionBytes(int length, int seed)
         b[i] = char((i * 37 + seed) & 0xff);
     return b;
 }
-
 } // namespace tresvane

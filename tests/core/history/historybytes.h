@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 // History and slip records laid down by hand: each field blank-padded to its width in
 // order, so the tests do not lean on the record code they test.
 inline QByteArray Fields(std::initializer_list<std::pair<QByteArray, int>> fields)
@@ -44,5 +43,4 @@ inline QByteArray SlipRec(const QByteArray& name, const QByteArray& date, const 
                    {"A1", 20},        {name, 30},      {"1 Main St", 35}, {"", 25},
                    {"Easton", 20},    {"PA", 2},       {"18042", 10},     {tel, 13}});
 }
-
 } // namespace tresvane
