@@ -1,5 +1,7 @@
 #include "app/app.h"
 
+#include "app/calendarautoexport.h"
+
 #include "screens/calendar/frmblock.h"
 #include "screens/calendar/frmdisplay.h"
 #include "screens/calendar/frmreccuringevents.h"
@@ -8,6 +10,8 @@
 #include "screens/documents/frmcontract.h"
 #include "screens/documents/frmworkorder.h"
 
+#include "core/exports/crewcalendars.h"
+#include "core/exports/exportsettings.h"
 #include "core/housekeeping/backup.h"
 #include "core/housekeeping/datafilecheck.h"
 #include "core/housekeeping/purge.h"
@@ -38,6 +42,7 @@
 #include "screens/telephony/modemsettings.h"
 #include "screens/telephony/qtseriallink.h"
 
+#include <QApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QLabel>
@@ -198,7 +203,31 @@ bool App::Main()
     // 9. The modem, searched for behind the splash.
     dialer = new frmDialer(ctx, *m_link);
     DetectModem();
+    // 10. The crews' calendars, when the setup keeps them current.
+    m_calendars = std::make_unique<CalendarAutoExport>(store.root(), m_clock);
+    connect(m_calendars.get(), &CalendarAutoExport::exported, this,
+            [](const CalendarExportReport& report, const QString& problem) {
+                // Behind the screens: a failure is logged, and the next change tries again.
+                if (!problem.isEmpty()) qWarning("crew calendars: %s", qPrintable(problem));
+                for (const QString& p : report.problems)
+                    qWarning("crew calendars: %s", qPrintable(p));
+            });
+    m_calendars->start(1500, [this] { return v.gAssignTo; });
     return true;
+}
+
+void App::ExportCalendars()
+{
+    if (m_calendars) m_calendars->waitForDone();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    Result<CalendarExportReport> report = ExportCrewCalendars(ctx, {});
+    QApplication::restoreOverrideCursor();
+    if (!report) {
+        m_dialogs.message(report.message(), QStringLiteral("Crew Calendars"));
+        return;
+    }
+    m_dialogs.message(CalendarExportMessage(*report, store.path(CrewCalendarsFolder())),
+                      QStringLiteral("Crew Calendars"));
 }
 
 void App::RepairAuxFoldersInSlices()
@@ -251,6 +280,7 @@ void App::CreateStartup()
     startup = new frmStartup(ctx, PrintEnabled, [this](int i) { return EntryBuilt(i); });
     ScreenFrame::attach(startup, store.baseName(), [this] { closeBox(startup); });
     connect(startup, &frmStartup::createModify, this, &App::ShowSetup);
+    connect(startup, &frmStartup::exportCalendars, this, &App::ExportCalendars);
     connect(startup, &frmStartup::exitProgram, this, &App::ExitProgram);
     connect(startup, &frmStartup::openWebPage, this, &App::OpenWebPage);
     connect(startup, &frmStartup::entryChosen, this, &App::OpenEntry);
@@ -676,6 +706,8 @@ void App::ExitProgram()
     }
     setup = nullptr;
     m_working.clear();
+    // A calendar being written is finished before the folder is let go.
+    m_calendars.reset();
     m_lock.reset();
     emit finished(0);
 }

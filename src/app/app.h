@@ -15,6 +15,7 @@ namespace tresvane
 {
 
 class AuxFolderRepair;
+class CalendarAutoExport;
 class Clock;
 class Desktop;
 class PrintDialogs;
@@ -59,6 +60,11 @@ public:
 
     void ShowSetup();
     void ShowMenu();
+    // "Export Crew Calendars" of the menu: every team's calendar into Exports/Calendars now,
+    // and the user told where they are.
+    void ExportCalendars();
+    // The calendars kept current after every change, when the setup asks for it.
+    CalendarAutoExport& calendarAutoExport() { return *m_calendars; }
 
     // A click on an open menu entry: the entry's screen comes up (made on first use, kept
     // for the run), the menu is destroyed, Mode becomes index + 1, and the screen's
@@ -177,6 +183,7 @@ private:
     Desktop& m_desktop;
     std::unique_ptr<FolderLock> m_lock;
     std::unique_ptr<AuxFolderRepair> m_auxRepair;
+    std::unique_ptr<CalendarAutoExport> m_calendars;
     QList<QPointer<QWidget>> m_working;
     QString m_lockFolder;
     std::unique_ptr<SerialLink> m_link;

@@ -8,6 +8,7 @@
 #include <QSet>
 #include <QUrl>
 
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
@@ -22,7 +23,8 @@ namespace
 {
 
 int s_faultAt = 0;
-int s_fileCalls = 0;
+// Atomic: the crews' calendars are written by a thread of their own.
+std::atomic<int> s_fileCalls = 0;
 // Every write into a file in place through any store, never reset: part of a file's
 // stamp, since such a write keeps the file's size and identity and may land within the
 // same tick of the file system's clock as the read before it.

@@ -1,6 +1,7 @@
 #include "core/schedule/booking.h"
 
 #include "core/entry/keyfilters.h"
+#include "core/exports/exportsettings.h"
 #include "core/io/store.h"
 #include "core/ports/clock.h"
 #include "core/ports/dialogs.h"
@@ -139,6 +140,11 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
         // The day, the record and the counter land together: a number is taken exactly
         // when its record is written, so none is ever used twice.
         if (Status s = AppendSlip(c.store, SlipsFileName(), v.gSlip); !s) return s;
+        if (!r.rescheduledFrom.trimmed().isEmpty())
+            if (Status s =
+                    NoteRescheduledSlip(c.store, r.rescheduledFrom, r.number, c.clock.today());
+                !s)
+                return s;
         if (Status s = AdvanceSlipNumber(c); !s) return s;
         if (Status s = SaveCounter(c); !s) return s;
         if (Status s = change.commit(); !s) return s;

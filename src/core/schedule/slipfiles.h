@@ -46,6 +46,9 @@ struct BookingRequest {
     bool unscheduled = false;               // store the slip without a time
     bool fromStoredSlip = false;            // the slip came from UnscheduledSlips.txt
     qint32 storedSlipRow = 0;               // its row in the stored-slip list (record number)
+    // A reschedule: the number of the slip this one replaces, whose event on the crews'
+    // calendars moves to the new slip rather than vanishing and coming back as another.
+    QString rescheduledFrom;
 };
 
 // Fills a slip record for a booking. A Service Attention gets the slip number and the

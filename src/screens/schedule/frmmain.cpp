@@ -17,6 +17,7 @@
 #include "core/setup/settingsfiles.h"
 #include "core/state/dispatchingvariables.h"
 #include "screens/schedule/dayviewframe.h"
+#include "screens/schedule/freetimedialog.h"
 #include "screens/schedule/invoicetypeframe.h"
 #include "screens/schedule/memoframe.h"
 #include "screens/schedule/printpanel.h"
@@ -94,6 +95,9 @@ void frmMain::buildLayout()
     mnuMemo->setObjectName(QStringLiteral("mnuMemo"));
     mnuBlankinvoices = invoices->addAction(QStringLiteral("&Blank Invoices..."));
     mnuBlankinvoices->setObjectName(QStringLiteral("mnuBlankinvoices"));
+    mnuFindFreeTime = view->addAction(QStringLiteral("&Find Free Time"));
+    mnuFindFreeTime->setObjectName(QStringLiteral("mnuFindFreeTime"));
+    mnuFindFreeTime->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
 
     auto* central = new QWidget(this);
     setCentralWidget(central);
@@ -320,6 +324,7 @@ void frmMain::buildLayout()
     connect(cmdView_0, &QPushButton::clicked, this, &frmMain::cmdView_Click);
     connect(cmdSaveTextMessage, &QPushButton::clicked, this, &frmMain::cmdSaveTextMessage_Click);
     connect(mnuTeamCal, &QAction::triggered, this, &frmMain::mnuTeamCal_Click);
+    connect(mnuFindFreeTime, &QAction::triggered, this, &frmMain::mnuFindFreeTime_Click);
     connect(mnuInvoiceStyle, &QAction::triggered, this, &frmMain::mnuInvoiceStyle_Click);
     connect(mnuMemo, &QAction::triggered, this, &frmMain::mnuMemo_Click);
     connect(mnuBlankinvoices, &QAction::triggered, this, &frmMain::mnuBlankinvoices_Click);
@@ -384,6 +389,8 @@ void frmMain::Form_Activate()
                                mode == Mode::Meeting || mode == Mode::Invoices);
         mnuInvoiceS->setVisible(mode == Mode::Invoices);
         mnuInvoiceStyle->setVisible(mode == Mode::Invoices);
+        mnuFindFreeTime->setVisible(mode == Mode::ServiceSlip || mode == Mode::Meeting ||
+                                    mode == Mode::Reschedule);
         BlankCount = 0;
         ckSaveUnscheduled->setChecked(false);
         cmdSaveTextMessage->setEnabled(false);
@@ -415,7 +422,8 @@ void frmMain::Form_Activate()
             fraInvoiceType->setVisible(true);
         }
 
-        // 3. A new event.
+        // 3. A new event. Only the hand-over of a reschedule carries an old number on.
+        if (mode != Mode::Reschedule && Rescheduling != -1) RescheduledFrom.clear();
         EventText = NoSlotSelected();
         FromStoredSlip = 0;
         m_currentDate = OpeningBookingDate(c);
@@ -451,6 +459,7 @@ void frmMain::Form_Activate()
             } else {
                 c.v.Mode = Mode::ServiceSlip;
                 Rescheduling = -1;
+                RescheduledFrom = c.v.gSlip.text(SlipField::ConfirmationNo);
             }
             Form_Activate();
             return;
@@ -663,11 +672,13 @@ std::optional<BookingSaved> frmMain::saveBooking()
     r.unscheduled = ckSaveUnscheduled->isChecked();
     r.fromStoredSlip = FromStoredSlip == -1;
     r.storedSlipRow = m_storedSlipRow;
+    r.rescheduledFrom = RescheduledFrom;
     if (!r.unscheduled) m_currentDate = r.date;
     if (EventText != NoSlotSelected()) cmdSaveTextMessage->setEnabled(true);
 
     Result<BookingSaved> saved = SaveBooking(c, r);
     if (fail(saved.status())) return std::nullopt;
+    if (*saved == BookingSaved::Scheduled) RescheduledFrom.clear();
     return *saved;
 }
 
@@ -837,6 +848,30 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event)
         if (!cboService->view()->isVisible()) cboService_LostFocus();
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::mnuFindFreeTime_Click()
+{
+    if (!m_freeTime) {
+        m_freeTime = new FreeTimeDialog(c, this);
+        connect(m_freeTime, &FreeTimeDialog::openingChosen, this, &frmMain::GoToOpening);
+    }
+    m_freeTime->search(txtTime->text().trimmed().toInt(), m_currentDate, 0);
+    m_freeTime->open();
+}
+
+void frmMain::GoToOpening(const FreeOpening& opening, int hours)
+{
+    if (opening.team < 1 || opening.team > lstTeam->count()) return;
+    ResetTimeSelection();
+    txtTime->setText(QString::number(hours));
+    setCalendar(opening.date);
+    Calender_Change(opening.date);
+    if (lstTeam->currentRow() != opening.team - 1)
+        lstTeam->setCurrentRow(opening.team - 1); // runs the team's change logic
+    fgHours->setCurrentIndex(fgHours->model()->index(opening.firstSlot - 1, 1));
+    fgHours_Click(opening.firstSlot);
+    fgHours->setFocus();
 }
 
 } // namespace tresvane

@@ -4,6 +4,7 @@
 #include "core/schedule/booking.h"
 #include "core/schedule/dayfiles.h"
 #include "core/schedule/dayview.h"
+#include "core/schedule/freetime.h"
 #include "core/state/corecontext.h"
 #include "screens/shell/unsavededits.h"
 
@@ -35,6 +36,7 @@ class UpDown;
 class DayViewFrame;
 class TeamMonthFrame;
 class StoredSlipsFrame;
+class FreeTimeDialog;
 
 // The Scheduling Screen: one team's day as twelve hourly rows, where a Service
 // Attention (Mode 2) or a customer meeting (Mode 7) is booked for the customer in hand.
@@ -93,6 +95,7 @@ public:
     QAction* mnuTeamCal;
     QAction* mnuInvoiceS; // the Invoices menu
     QAction* mnuInvoiceStyle;
+    QAction* mnuFindFreeTime;
     QAction* mnuMemo;
     QAction* mnuBlankinvoices;
 
@@ -103,6 +106,9 @@ public:
     qint16 FromStoredSlip = 0;
     // A reschedule hand-over came from a search of the meetings (else of the slips).
     bool rescheduleMeeting = false;
+    // The number of the slip a reschedule took out, whose calendar event the new slip
+    // carries on; empty when this booking is no reschedule.
+    QString RescheduledFrom;
     // Blank invoices asked for, printed by the next invoice job instead of the day's.
     int BlankCount = 0;
 
@@ -144,6 +150,10 @@ public:
     void DrawTeamMonth();
     void Text1_Click(int box);
     void cmdUnscheduled_Click(int index);
+    // The first openings of the hours in the time box, from the calendar's date on.
+    void mnuFindFreeTime_Click();
+    // Moves to the team and day of an opening and places the hours there, ready to save.
+    void GoToOpening(const FreeOpening& opening, int hours);
 
 signals:
     void showMenu();
@@ -180,6 +190,7 @@ private:
     int m_gridRow = 1;
     int m_storedSlipRow = 0;
     bool m_settingCalendar = false;
+    FreeTimeDialog* m_freeTime = nullptr;
 };
 
 } // namespace tresvane

@@ -259,6 +259,7 @@ bool frmSetup::SaveAll()
         assignments->FillAssignmentLists();
         problems->LoadProblems();
         operations->storeModemDevice();
+        if (fail(operations->storeCalendarOptions())) return false;
     }
     switch (*stop) {
     case SetupStop::Saved:

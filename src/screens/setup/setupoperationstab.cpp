@@ -1,5 +1,7 @@
 #include "screens/setup/setupoperationstab.h"
 
+#include "core/exports/exportsettings.h"
+
 #include "core/io/store.h"
 #include "core/ports/dialogs.h"
 #include "core/schedule/numbering.h"
@@ -19,6 +21,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -57,10 +60,25 @@ SetupOperationsTab::SetupOperationsTab(CoreContext& ctx, QWidget* parent) : QWid
     for (QRadioButton* b : {optMF, optMS, optSF, optSS})
         daysLayout->addWidget(b);
     daysLayout->addStretch(1);
+    auto* calendars = new QGroupBox(QStringLiteral("Crew Calendars"), week);
+    ckExportCalendars = named(
+        new QCheckBox(QStringLiteral("Export the crews' calendars after every change"), calendars),
+        "ckExportCalendars");
+    txtCalendarDays = named(new QSpinBox(calendars), "txtCalendarDays");
+    txtCalendarDays->setRange(1, kLongestCalendarDays);
+    txtCalendarDays->setSuffix(QStringLiteral(" days ahead"));
+    auto* calendarsLayout = new QHBoxLayout(calendars);
+    calendarsLayout->addWidget(ckExportCalendars);
+    calendarsLayout->addWidget(txtCalendarDays);
+    calendarsLayout->addStretch(1);
     // The options stay together at the top, however tall the window.
-    auto* weekLayout = new QHBoxLayout(week);
-    weekLayout->addWidget(hours, 0, Qt::AlignTop);
-    weekLayout->addWidget(days, 0, Qt::AlignTop);
+    auto* weekRow = new QHBoxLayout;
+    weekRow->addWidget(hours, 0, Qt::AlignTop);
+    weekRow->addWidget(days, 0, Qt::AlignTop);
+    weekRow->addStretch(1);
+    auto* weekLayout = new QVBoxLayout(week);
+    weekLayout->addLayout(weekRow);
+    weekLayout->addWidget(calendars);
     weekLayout->addStretch(1);
     tabSub->addTab(week, QStringLiteral("Work Week"));
 
@@ -228,7 +246,28 @@ void SetupOperationsTab::loadFromSettings()
     ckSlipStyle->setChecked(s.ckSlipStyle == 1);
     fraSlipNo->setVisible(s.fraSlipNoVisible);
     txtNextSlip->setText(s.txtNextSlip);
+    // A calendar file that cannot be read shows the defaults; saving writes it anew.
+    const CalendarExportSettings calendars =
+        ReadCalendarExportSettings(c.store).valueOr(CalendarExportSettings{});
+    ckExportCalendars->setChecked(calendars.afterEveryChange);
+    txtCalendarDays->setValue(calendars.days);
     m_loading = false;
+}
+
+Status SetupOperationsTab::storeCalendarOptions()
+{
+    Result<CalendarExportSettings> stored = ReadCalendarExportSettings(c.store);
+    CalendarExportSettings settings = stored.valueOr(CalendarExportSettings{});
+    if (stored && settings.afterEveryChange == ckExportCalendars->isChecked() &&
+        settings.days == txtCalendarDays->value())
+        return {};
+    settings.afterEveryChange = ckExportCalendars->isChecked();
+    settings.days = txtCalendarDays->value();
+    // No file and nothing asked for: the folder stays as it was.
+    if (!c.store.IsFile(CalendarExportSettingsFile()) && !settings.afterEveryChange &&
+        settings.days == kDefaultCalendarDays)
+        return {};
+    return WriteCalendarExportSettings(c.store, settings);
 }
 
 void SetupOperationsTab::fillExit(SetupExit& e) const

@@ -15,6 +15,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
+class QSpinBox;
 class QTabWidget;
 class QToolButton;
 
@@ -38,6 +39,10 @@ public:
     QRadioButton* optMS;
     QRadioButton* optSF;
     QRadioButton* optSS;
+    // The crews' calendars, kept in Exports/CalendarExport.txt and not in the settings
+    // file, which sibling programs share.
+    QCheckBox* ckExportCalendars;
+    QSpinBox* txtCalendarDays;
     // Sub-tab 1
     std::array<QRadioButton*, 3> optServiceInvoice;
     QCheckBox* ckSize;
@@ -62,6 +67,8 @@ public:
     void loadFromSettings();
     // The tab's controls into the setup's exit values.
     void fillExit(SetupExit& e) const;
+    // Writes the calendar options to their own file when they differ from it.
+    Status storeCalendarOptions();
     // Shows the port as stored and keeps the chosen device for this computer.
     void storeModemDevice();
     // The index of the sub-tab with the phone settings.

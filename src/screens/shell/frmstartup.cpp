@@ -114,6 +114,8 @@ frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled, std::function<bool(
     mnuFiles->setObjectName(QStringLiteral("mnuFiles"));
     mnuCreate = mnuFiles->addAction(QStringLiteral("Create/Modify"));
     mnuCreate->setObjectName(QStringLiteral("mnuCreate"));
+    mnuExportCalendars = mnuFiles->addAction(QStringLiteral("Export Crew &Calendars"));
+    mnuExportCalendars->setObjectName(QStringLiteral("mnuExportCalendars"));
     mnuTresvaneworks = mnuFiles->addAction(QStringLiteral("Visit Tresvaneworks"));
     mnuTresvaneworks->setObjectName(QStringLiteral("mnuTresvaneworks"));
     mnuFiles->addSeparator();
@@ -139,6 +141,7 @@ frmStartup::frmStartup(CoreContext& ctx, bool& printEnabled, std::function<bool(
         hide();
         emit createModify();
     });
+    connect(mnuExportCalendars, &QAction::triggered, this, [this] { emit exportCalendars(); });
     connect(mnuTresvaneworks, &QAction::triggered, this,
             [this] { emit openWebPage(WebUrls::HomePage()); });
     connect(mnuExit, &QAction::triggered, this, [this] { emit exitProgram(); });

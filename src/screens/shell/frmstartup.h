@@ -38,6 +38,8 @@ public:
     QMenu* mnuFiles;
     QAction* mnuCreate;
     QAction* mnuTresvaneworks;
+    // Writes every crew's calendar into Exports/Calendars now.
+    QAction* mnuExportCalendars;
     QAction* mnuExit;
     QMenu* mnuForms;
     QAction* mnuDeluxeForms;
@@ -57,6 +59,7 @@ public:
 signals:
     void entryChosen(int index);
     void createModify();
+    void exportCalendars();
     void exitProgram();
     void openWebPage(const QString& url);
 
