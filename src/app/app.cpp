@@ -52,7 +52,6 @@
 
 namespace tresvane
 {
-
 App::App(const QString& programFolder, const Clock& clock, Dialogs& dialogs, Desktop& desktop,
          QObject* parent)
     : QObject(parent), store(programFolder), ctx{store, clock, dialogs, v}, m_clock(clock),
@@ -723,5 +722,4 @@ void App::OpenWebPage(const QString& url)
     if (!m_desktop.openUrl(url))
         m_dialogs.message(QStringLiteral("No web browser could be started to show") + u'\n' + url);
 }
-
 } // namespace tresvane

@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 class AuxFolderRepair;
 class CalendarAutoExport;
 class Clock;
@@ -195,5 +194,4 @@ private:
     bool m_phoneFeatures = false;
     bool m_exited = false;
 };
-
 } // namespace tresvane

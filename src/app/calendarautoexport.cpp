@@ -10,7 +10,6 @@
 
 namespace tresvane
 {
-
 CalendarAutoExport::CalendarAutoExport(QString programFolder, const Clock& clock, QObject* parent)
     : QObject(parent), m_folder(std::move(programFolder)), m_clock(clock)
 {
@@ -73,5 +72,4 @@ void CalendarAutoExport::waitForDone()
     m_thread->wait();
     finished();
 }
-
 } // namespace tresvane

@@ -11,7 +11,6 @@ class QThread;
 
 namespace tresvane
 {
-
 class Clock;
 
 // Keeps the crews' calendars current when the setup asks for it ("Export the crews'
@@ -51,5 +50,4 @@ private:
     QThread* m_thread = nullptr;
     Result<CalendarExportReport> m_result = CalendarExportReport{};
 };
-
 } // namespace tresvane

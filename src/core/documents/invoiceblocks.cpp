@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 constexpr double kTwips = 1440;
@@ -210,5 +209,4 @@ void PrintTitleWithin(PrintJob& job, const QString& title, double y, double righ
     p.print(title);
     SetPrintFont(p, 10, kFontOff, kFontOff);
 }
-
 } // namespace tresvane

@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 struct DispatchingVariables;
 
 // The parts the three invoice styles share: the order line, the customer's lines, the
@@ -65,5 +64,4 @@ QString FitText(const PrintSurface& printer, const QString& text, double room);
 // The title at x = 5 inches in 28 point bold, made smaller when it would run past right
 // (inches), so that a long title stays on its side of the page.
 void PrintTitleWithin(PrintJob& job, const QString& title, double y, double right);
-
 } // namespace tresvane

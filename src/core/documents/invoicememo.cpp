@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The memo's column: from 2 inches to a quarter inch before the printable edge.
@@ -78,5 +77,4 @@ double InvoiceMemoHeight(const PrintJob& job, const InvoiceMemo& memo, bool addM
     }
     return height;
 }
-
 } // namespace tresvane

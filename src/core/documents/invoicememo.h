@@ -6,7 +6,6 @@
 
 namespace tresvane
 {
-
 class Store;
 struct PrintJob;
 
@@ -33,5 +32,4 @@ void PrintInvoiceMemo(PrintJob& job, const InvoiceMemo& memo, bool addMemo, doub
 // The height, in twips, the memo takes in the present font: nothing when it is not
 // printed. A page that keeps the memo's foot at a place starts it this far above.
 double InvoiceMemoHeight(const PrintJob& job, const InvoiceMemo& memo, bool addMemo);
-
 } // namespace tresvane

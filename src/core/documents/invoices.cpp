@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 constexpr double kTwips = 1440;
@@ -609,5 +608,4 @@ QString NoInvoicesMessage(const QString& teamName, const QDate& date)
                           "on %2.")
         .arg(teamName, FormatShortDate(date));
 }
-
 } // namespace tresvane

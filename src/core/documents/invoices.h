@@ -12,7 +12,6 @@
 
 namespace tresvane
 {
-
 class Store;
 struct DispatchingVariables;
 
@@ -92,5 +91,4 @@ Result<int> PrintInvoices(PrintJob& job, Store& store, const DispatchingVariable
 
 // What the dispatcher is told instead of an empty job.
 QString NoInvoicesMessage(const QString& teamName, const QDate& date);
-
 } // namespace tresvane

@@ -5,7 +5,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 constexpr double kTwips = 1440;
@@ -227,5 +226,4 @@ void PrintItembox(PrintJob& job)
     for (double x : {1.4, 3.0, 6.0, 7.3})
         p.line(x * kTwips, top, x * kTwips, bottom, color);
 }
-
 } // namespace tresvane

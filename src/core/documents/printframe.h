@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 struct DispatchingVariables;
 
 // The frame every printed document shares: the pen set up from the print settings, the
@@ -110,5 +109,4 @@ void PrintInvoiceHeaderLine(PrintJob& job);
 
 // The ruled box under those heads, one column per head.
 void PrintItembox(PrintJob& job);
-
 } // namespace tresvane

@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -448,5 +447,4 @@ QString CalendarExportMessage(const CalendarExportReport& report, const QString&
                 report.problems.join(u'\n');
     return text;
 }
-
 } // namespace tresvane

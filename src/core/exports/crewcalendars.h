@@ -15,7 +15,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // Each crew's days as an iCalendar file its members subscribe to on their phones: one
@@ -102,5 +101,4 @@ Result<CalendarExportReport> ExportCrewCalendars(CoreContext& c,
 
 // What the user reads after an export from the menu.
 QString CalendarExportMessage(const CalendarExportReport& report, const QString& folder);
-
 } // namespace tresvane

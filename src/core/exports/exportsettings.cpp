@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // How long a reschedule link is kept: numbers of the SA<day>-<n> form recur a year later.
@@ -149,5 +148,4 @@ Status NoteRescheduledSlip(Store& store, const QString& oldNumber, const QString
     if (Status s = ensureExportsFolder(store); !s) return s;
     return store.WriteFile(RescheduledSlipsFile(), w.bytes());
 }
-
 } // namespace tresvane

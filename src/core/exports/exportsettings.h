@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // What the crews' calendars need to remember, kept in the Exports folder of their own so
@@ -58,5 +57,4 @@ public:
     QHash<QString, QString> links; // trimmed new number -> trimmed first number
 };
 Result<RescheduleLinks> ReadRescheduleLinks(const Store& store);
-
 } // namespace tresvane

@@ -2,7 +2,6 @@
 
 namespace tresvane
 {
-
 QString EscapeCalendarText(QStringView text)
 {
     QString out;
@@ -83,5 +82,4 @@ void CalendarText::text(const QString& name, const QString& value)
 {
     raw(name, EscapeCalendarText(value));
 }
-
 } // namespace tresvane

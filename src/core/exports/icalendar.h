@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 // The text of an iCalendar file (RFC 5545) as phones and desktop calendars read it: UTF-8,
 // every line ended by CR LF, a line longer than 75 octets folded onto continuation lines
 // that start with a blank, and the characters that separate values escaped in text.
@@ -44,5 +43,4 @@ public:
 private:
     QByteArray m_bytes;
 };
-
 } // namespace tresvane

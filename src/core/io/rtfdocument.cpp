@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -353,5 +352,4 @@ QByteArray RtfDocument::escape(const QString& value, int unicodeSkip)
     }
     return out;
 }
-
 } // namespace tresvane

@@ -18,7 +18,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 
@@ -815,5 +814,4 @@ Status Store::RecoverInterruptedChange()
     }
     return {};
 }
-
 } // namespace tresvane

@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 QString NoSlotSelected()
 {
     return QStringLiteral("No Slot Selected");
@@ -169,5 +168,4 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
     if (Status s = change.commit(); !s) return s;
     return BookingSaved::DayWritten;
 }
-
 } // namespace tresvane

@@ -7,7 +7,6 @@
 
 namespace tresvane
 {
-
 const DayFileIndex::Folder& DayFileIndex::folder(int year, int team)
 {
     const quint64 key = (quint64(quint32(year)) << 32) | quint32(team);
@@ -62,5 +61,4 @@ Result<DayTexts> DayFileIndex::read(const QDate& date, int team)
     if (name.isEmpty()) return FreeDay();
     return ReadDayTexts(m_store, name);
 }
-
 } // namespace tresvane

@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 class Store;
 
 // The day files of many days and teams read in one go, as the crews' calendars and the
@@ -34,5 +33,4 @@ private:
     QHash<int, QHash<QString, QString>> m_years; // year -> lower-case entry -> as on disk
     QHash<quint64, Folder> m_folders;            // (year, team)
 };
-
 } // namespace tresvane

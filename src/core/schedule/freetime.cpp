@@ -20,7 +20,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The contracts of the days looked at, grouped by day: each day's overlay then walks its
@@ -110,5 +109,4 @@ QString FreeOpeningText(const CoreContext& c, const FreeOpening& opening)
            c.v.gAssignTo.value(opening.team) + QStringLiteral("  ") +
            GridLabel(c.v, opening.firstSlot);
 }
-
 } // namespace tresvane

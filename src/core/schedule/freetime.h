@@ -9,7 +9,6 @@
 
 namespace tresvane
 {
-
 // The first free hours for a job: with a customer on the line, the dispatcher asks for
 // the hours the job needs and gets the earliest openings of every team (or of one), day by
 // day, instead of clicking through teams and dates.
@@ -38,5 +37,4 @@ Result<QList<FreeOpening>> FindFreeTime(CoreContext& c, const FreeTimeRequest& r
 
 // "05/06/2026  Team 2 name  01:00pm": an opening as the lists show it.
 QString FreeOpeningText(const CoreContext& c, const FreeOpening& opening);
-
 } // namespace tresvane

@@ -13,7 +13,6 @@
 
 namespace tresvane
 {
-
 class Store;
 struct DispatchingVariables;
 
@@ -75,5 +74,4 @@ Status DeleteUnscheduledSlip(Store& store, qint32 recordNo);
 QString SlipsFileName();            // "/Slips.txt"
 QString MeetingsFileName();         // "/Meetings.txt"
 QString UnscheduledSlipsFileName(); // "/UnscheduledSlips.txt"
-
 } // namespace tresvane

@@ -21,7 +21,6 @@
 
 namespace tresvane
 {
-
 FreeTimeDialog::FreeTimeDialog(CoreContext& ctx, QWidget* parent) : QDialog(parent), c(ctx)
 {
     setObjectName(QStringLiteral("frmFreeTime"));
@@ -135,5 +134,4 @@ void FreeTimeDialog::choose(QTreeWidgetItem* item)
     accept();
     emit openingChosen(opening, spnHours->value());
 }
-
 } // namespace tresvane

@@ -17,7 +17,6 @@ class QTreeWidgetItem;
 
 namespace tresvane
 {
-
 // "Find Free Time" of the Scheduling Screen: the first openings of the hours a job needs,
 // across every team or one, from a date on, listed by date. A double click (or Enter, or
 // Go To) on one hands it back to the screen, which moves there with the hours placed.
@@ -52,5 +51,4 @@ private:
     QPushButton* cmdClose;
     QList<FreeOpening> m_openings;
 };
-
 } // namespace tresvane

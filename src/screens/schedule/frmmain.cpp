@@ -50,7 +50,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The light yellow of the time grid.
@@ -873,5 +872,4 @@ void frmMain::GoToOpening(const FreeOpening& opening, int hours)
     fgHours_Click(opening.firstSlot);
     fgHours->setFocus();
 }
-
 } // namespace tresvane

@@ -25,7 +25,6 @@ class QSpinBox;
 
 namespace tresvane
 {
-
 class Desktop;
 class InvoiceTypeFrame;
 class MemoFrame;
@@ -192,5 +191,4 @@ private:
     bool m_settingCalendar = false;
     FreeTimeDialog* m_freeTime = nullptr;
 };
-
 } // namespace tresvane

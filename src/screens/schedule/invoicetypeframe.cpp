@@ -8,7 +8,6 @@
 
 namespace tresvane
 {
-
 InvoiceTypeFrame::InvoiceTypeFrame(QWidget* parent)
     : QGroupBox(QStringLiteral("Invoice Style"), parent)
 {
@@ -57,5 +56,4 @@ bool InvoiceTypeFrame::printReason() const
 {
     return ckPrintReason->isChecked();
 }
-
 } // namespace tresvane

@@ -8,7 +8,6 @@ class QRadioButton;
 
 namespace tresvane
 {
-
 // The invoice choices of the Scheduling Screen's invoice mode: the style of the day's
 // invoices, whether the memo goes on them, and whether the problem reported prints.
 class InvoiceTypeFrame : public QGroupBox
@@ -32,5 +31,4 @@ private:
     QCheckBox* ckAddMemo;
     QCheckBox* ckPrintReason;
 };
-
 } // namespace tresvane

@@ -14,7 +14,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 const QString kPlainPaper = QStringLiteral("Insert Plain Paper");
@@ -162,5 +161,4 @@ void PrintPanel::cmdCancelPrint_Click()
 {
     Reset();
 }
-
 } // namespace tresvane

@@ -15,7 +15,6 @@ class QRadioButton;
 
 namespace tresvane
 {
-
 class PrintDialogs;
 
 // The Scheduling Screen's print panel: the paper to put in the printer, the schedule's
@@ -76,5 +75,4 @@ private:
     QPushButton* cmdPreview;
     QPushButton* cmdCancelPrint;
 };
-
 } // namespace tresvane

@@ -34,7 +34,6 @@
 
 namespace tresvane
 {
-
 frmSetup::frmSetup(CoreContext& ctx, PrintDialogs& printDialogs, QWidget* parent)
     : QWidget(parent), c(ctx)
 {
@@ -289,5 +288,4 @@ bool frmSetup::SaveAll()
     }
     return false;
 }
-
 } // namespace tresvane

@@ -28,7 +28,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 QString sizeCaption(bool letter)
@@ -339,5 +338,4 @@ void SetupOperationsTab::Image1_Click()
 {
     tabSub->setCurrentIndex((tabSub->currentIndex() + 1) % tabSub->count());
 }
-
 } // namespace tresvane

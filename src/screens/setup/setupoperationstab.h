@@ -21,7 +21,6 @@ class QToolButton;
 
 namespace tresvane
 {
-
 // Tab 3 of the setup screen, Operations, with its sub-tabs: 0 the work week and the first
 // hour, 1 the invoice style and paper, 2 phone, alarms and prompts, 3 slip numbering.
 class SetupOperationsTab : public QWidget
@@ -89,5 +88,4 @@ private:
     CoreContext& c;
     bool m_loading = false;
 };
-
 } // namespace tresvane

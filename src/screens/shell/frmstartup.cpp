@@ -16,7 +16,6 @@
 
 namespace tresvane
 {
-
 namespace
 {
 // The four groups of the menu and their entries, in the order they are shown.
@@ -215,5 +214,4 @@ void frmStartup::lblSub_Click(int index)
     if (index < 0 || index >= kMenuEntries || !lblSub[index]->isEnabled()) return;
     emit entryChosen(index);
 }
-
 } // namespace tresvane

@@ -14,7 +14,6 @@ class QPushButton;
 
 namespace tresvane
 {
-
 // The main menu, "Tresvane Dispatcher Sub Routine Menu": four groups of entries, each
 // leading to a working screen, and the menu bar. Each time it comes up it works out from
 // the data which entries are open. It is destroyed while a working screen is up and made
@@ -75,5 +74,4 @@ private:
     std::function<bool(int)> m_screenExists;
     MenuState m_state;
 };
-
 } // namespace tresvane
