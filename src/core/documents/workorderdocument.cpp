@@ -33,40 +33,6 @@ double pageFoot(const PrintSurface& p)
     return p.pageHeight() - kFootMargin;
 }
 
-// The lines text breaks into within limit, by the rule PrintWrapped prints it with: the
-// longest stretch ended by a blank that fits in limit less 20 twips, a word too wide for
-// it whole on its own line, the blanks at a break dropped. Knowing the lines first lets a
-// page end between two lines of one paragraph.
-QStringList breakLines(const PrintSurface& p, const QString& text, double limit)
-{
-    const double room = limit - 20;
-    QStringList lines;
-    QString rest = text;
-    while (!rest.isEmpty()) {
-        qsizetype cut = rest.size();
-        if (p.textWidth(rest) > room) {
-            qsizetype fits = -1;
-            qsizetype first = -1;
-            for (qsizetype i = 1; i < rest.size(); ++i) {
-                if (rest[i] != u' ') continue;
-                if (first < 0) first = i;
-                if (p.textWidth(rest.left(i)) > room) break;
-                fits = i;
-            }
-            cut = fits > 0 ? fits : (first > 0 ? first : rest.size());
-        }
-        qsizetype end = cut;
-        while (end > 0 && rest[end - 1] == u' ')
-            --end;
-        lines << rest.left(end);
-        qsizetype next = cut;
-        while (next < rest.size() && rest[next] == u' ')
-            ++next;
-        rest = rest.mid(next);
-    }
-    return lines;
-}
-
 void printCustomer(PrintJob& job, const WorkOrderContent& c)
 {
     PrintSurface& p = job.printer;
@@ -121,7 +87,7 @@ void printNarrative(PrintJob& job, const WorkOrderContent& c, const QStringList&
     const double height = p.textHeight(QStringLiteral("ABCD"));
     double y = kBodyTop;
     for (const QString& paragraph : narrative) {
-        QStringList lines = breakLines(p, paragraph, kNarrativeWidth);
+        QStringList lines = WrappedLines(p, kNarrativeWidth, paragraph);
         if (lines.isEmpty()) lines << QString(); // an empty line keeps its room
         for (const QString& line : lines) {
             if (y + height > pageFoot(p)) {
@@ -176,7 +142,7 @@ void printList(PrintJob& job, const WorkOrderContent& c, int& page)
     double y = kListTop * kTwips;
     for (const QList<PriceEntry>* list : {&c.items, &c.services}) {
         for (const PriceEntry& entry : *list) {
-            QStringList lines = breakLines(p, entry.name, kDescriptionWidth);
+            QStringList lines = WrappedLines(p, kDescriptionWidth, entry.name);
             if (lines.isEmpty()) lines << QString();
             if (y + height * lines.size() > pageFoot(p) && y > kListTop * kTwips) {
                 priceRight = listHead(job, c, ++page);

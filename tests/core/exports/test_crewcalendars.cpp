@@ -19,9 +19,9 @@ const QString kFree = "No Event Scheduled";
 
 // A record as a row of the table below writes it: "S|number|name|start|hours" for a slip,
 // "M|reference|name|start|hours" for a meeting.
-DayRecord record(const QString& spec, const QDate& date, int team)
+DayRecord record(const QString& fields, const QDate& date, int team)
 {
-    const QStringList p = spec.split('|');
+    const QStringList p = fields.split('|');
     DayRecord d;
     d.meeting = p[0] == "M";
     SlipRecord& r = d.record;
