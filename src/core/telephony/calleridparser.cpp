@@ -69,12 +69,13 @@ QList<CallerIdReport> CallerIdParser::feed(const QByteArray& bytes)
         start = next;
     }
     m_pending.remove(0, start);
-    if (m_pending.size() > kLongestLine) {
+    // A line whose CR has come waits only for a possible LF; the CR is no part of it.
+    const bool ended = m_pending.endsWith('\r');
+    if (m_pending.size() - (ended ? 1 : 0) > kLongestLine) {
         // Taken now as the line that is no tag it will be, so that a modem that never ends
-        // a line cannot fill the memory. When its line end has come (a CR waiting for a
-        // possible LF), the CR stays and the next line is read as ever.
+        // a line cannot fill the memory. When its line end has come, the CR stays and the
+        // next line is read as ever.
         close(out);
-        const bool ended = m_pending.endsWith('\r');
         m_pending = ended ? QByteArray("\r") : QByteArray();
         m_skipping = !ended;
     }

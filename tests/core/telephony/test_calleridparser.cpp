@@ -108,6 +108,11 @@ private slots:
         // still read.
         QTest::newRow("noise ended by a lone CR")
             << QByteArray(133, '\xff') + "\r" + report << QStringList{"AFTER"};
+        // A number line of exactly the longest length, its CR the last byte of a piece, is
+        // still a number line.
+        QTest::newRow("a number line of the longest length")
+            << QByteArray("NMBR = 8475550002").leftJustified(128, ' ') + "\rNAME = EDGE\r\n"
+            << QStringList{"EDGE"};
     }
 
     void overlongLines()
