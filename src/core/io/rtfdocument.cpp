@@ -34,6 +34,19 @@ int hexValue(char c)
     return -1;
 }
 
+// The bytes end in a hex escape cut short ("\'" or "\'4"), as a damaged file may hold:
+// hex digits written next would complete it into a character.
+bool endsInOpenEscape(const QByteArray& bytes)
+{
+    qsizetype quote = bytes.size() - 1;
+    if (quote >= 1 && hexValue(bytes[quote]) >= 0) --quote;
+    if (quote < 1 || bytes[quote] != '\'') return false;
+    qsizetype backslashes = 0;
+    while (quote - 1 - backslashes >= 0 && bytes[quote - 1 - backslashes] == '\\')
+        ++backslashes;
+    return backslashes % 2 == 1; // an even run is escaped backslashes and a quote
+}
+
 // Destinations whose content is data about the document, not its text.
 bool isHiddenDestination(std::string_view word)
 {
@@ -268,11 +281,15 @@ qsizetype RtfDocument::replace(qsizetype start, qsizetype length, const QString&
     QByteArray out;
     out.reserve(m_source.size() + value.size() * 2);
     // What was written last is a control word without a delimiter: a piece that begins
-    // with a letter, digit, '-' or blank needs a blank in between.
+    // with a letter, digit, '-' or blank needs a blank in between. After a broken hex
+    // escape an empty group keeps a piece's hex digits from completing it.
     bool pendingGlue = false;
     auto append = [&](QByteArrayView piece) {
         if (piece.isEmpty()) return;
-        if (pendingGlue && continuesWord(piece.front())) out += ' ';
+        if (pendingGlue && continuesWord(piece.front()))
+            out += ' ';
+        else if (hexValue(piece.front()) >= 0 && endsInOpenEscape(out))
+            out += "{}";
         out += piece;
         pendingGlue = false;
     };

@@ -95,6 +95,16 @@ void TestRtfDocument::replacementKeepsTheFirstCharactersFormatting_data()
         << QByteArray("{\\rtf1 N\\i\\'41ME z}") << "" << QByteArray("{\\rtf1 \\i  z}");
     QTest::newRow("blank after a word without delimiter")
         << QByteArray("{\\rtf1 \\b\\'4eAME}") << " x" << QByteArray("{\\rtf1 \\b  x}");
+    // A damaged file's escape cut short shows nothing and must not take in the hex digits
+    // that come to stand after it.
+    QTest::newRow("digits of a value after a broken escape")
+        << QByteArray("{\\rtf1 \\'NAME}") << "Ab" << QByteArray("{\\rtf1 \\'{}Ab}");
+    QTest::newRow("digits after a broken escape once the name goes")
+        << QByteArray("{\\rtf1 \\'NAMEDear}") << "" << QByteArray("{\\rtf1 \\'{}Dear}");
+    QTest::newRow("a broken escape with one digit")
+        << QByteArray("{\\rtf1 \\'aNAMEb}") << "" << QByteArray("{\\rtf1 \\'a{}b}");
+    QTest::newRow("escaped backslash and a quote are no escape")
+        << QByteArray("{\\rtf1 \\\\'NAMEab}") << "" << QByteArray("{\\rtf1 \\\\'ab}");
 }
 
 void TestRtfDocument::replacementKeepsTheFirstCharactersFormatting()
