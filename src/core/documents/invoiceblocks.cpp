@@ -3,8 +3,6 @@
 #include "core/io/usforms.h"
 #include "core/schedule/timegrid.h"
 
-#include <cmath>
-
 namespace tresvane
 {
 namespace
@@ -188,25 +186,5 @@ QString FitText(const PrintSurface& printer, const QString& text, double room)
     while (!fitted.isEmpty() && printer.textWidth(fitted) > room)
         fitted.chop(1);
     return fitted;
-}
-
-void PrintTitleWithin(PrintJob& job, const QString& title, double y, double right)
-{
-    PrintSurface& p = job.printer;
-    constexpr double kTitleX = 5;
-    SetPrintFont(p, 28, kFontOn, kFontOff);
-    const double room = (right - kTitleX) * kTwips;
-    double size = 28;
-    // Widths grow with the size; one step down by the ratio, then points until it fits.
-    if (p.textWidth(title) > room) {
-        size = std::floor(size * room / p.textWidth(title));
-        SetPrintFont(p, size, kFontOn, kFontOff);
-        while (size > 8 && p.textWidth(title) > room)
-            SetPrintFont(p, --size, kFontOn, kFontOff);
-    }
-    p.setForeColor(BodyColor(job));
-    SetPrintPos(p, kTitleX, y);
-    p.print(title);
-    SetPrintFont(p, 10, kFontOff, kFontOff);
 }
 } // namespace tresvane

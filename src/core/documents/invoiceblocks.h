@@ -60,8 +60,4 @@ void PrintRemittance(PrintJob& job, const QStringList& customer);
 
 // The text cut from its end until it fits the room (twips) in the present font.
 QString FitText(const PrintSurface& printer, const QString& text, double room);
-
-// The title at x = 5 inches in 28 point bold, made smaller when it would run past right
-// (inches), so that a long title stays on its side of the page.
-void PrintTitleWithin(PrintJob& job, const QString& title, double y, double right);
 } // namespace tresvane

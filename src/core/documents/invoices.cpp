@@ -18,7 +18,6 @@ constexpr double kTwips = 1440;
 // Titles and the order lines stand at 5 inches; a title ends before the perforation or
 // the printable edge.
 constexpr double kTitleY = 0.25;
-constexpr double kTitleRight = 7.9;
 constexpr double kOrderY = 0.7;
 constexpr double kTimesX = 5;
 constexpr double kTimesY = 1.3;
@@ -472,7 +471,7 @@ void PrintServiceOrderInvoice(PrintJob& job, const InvoiceContext& c, const Invo
     setup(job, "Portrait");
     printLogoAndBusiness(job);
     const double customerY = belowBusiness(job, kSoCustomerY);
-    PrintTitleWithin(job, QStringLiteral("Service Order/Invoice"), kTitleY, kTitleRight);
+    PrintTitle(job, QStringLiteral("Service Order/Invoice"), kTitleY);
     PrintOrderLine(job, c.v, &slip, c.date, kTimesX, kOrderY);
     // The customer's side of the page is on the left: the totals go under the times.
     PrintTimesAndTotals(job, kSoTimesX, kTimesY, kSoTimesX);
@@ -494,7 +493,7 @@ void PrintRepairInvoice(PrintJob& job, const InvoiceContext& c, const InvoiceSli
     PrintBusinessBlock(job, kBusinessX, kBusinessY, 14);
     const double customerY = belowBusiness(job, kRepairCustomerY);
     printMemoAbove(job, c, kRepairMemoFoot);
-    PrintTitleWithin(job, QStringLiteral("REPAIR INVOICE  "), kTitleY, kTitleRight);
+    PrintTitle(job, QStringLiteral("REPAIR INVOICE  "), kTitleY);
     PrintOrderLine(job, c.v, slip, c.date, kTimesX, kOrderY);
     if (slip) {
         PrintCustomerBlock(

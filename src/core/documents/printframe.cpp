@@ -3,6 +3,8 @@
 #include "core/setup/addressstyle.h"
 #include "core/state/dispatchingvariables.h"
 
+#include <cmath>
+
 namespace tresvane
 {
 namespace
@@ -121,9 +123,21 @@ void PrintWrapped(PrintSurface& printer, double left, double limit, double top, 
 void PrintTitle(PrintJob& job, const QString& title, double y)
 {
     PrintSurface& p = job.printer;
+    constexpr double kTitleX = 5;
+    // Inside the frame and the printable width; a longer title would be cut off there.
+    constexpr double kTitleRight = 7.9;
     SetPrintFont(p, 28, kFontOn, kFontOff);
+    const double room = (kTitleRight - kTitleX) * kTwips;
+    double size = 28;
+    // Widths grow with the size; one step down by the ratio, then points until it fits.
+    if (p.textWidth(title) > room) {
+        size = std::floor(size * room / p.textWidth(title));
+        SetPrintFont(p, size, kFontOn, kFontOff);
+        while (size > 8 && p.textWidth(title) > room)
+            SetPrintFont(p, --size, kFontOn, kFontOff);
+    }
     p.setForeColor(BodyColor(job));
-    SetPrintPos(p, 5, y);
+    SetPrintPos(p, kTitleX, y);
     p.print(title);
     SetPrintFont(p, 10, kFontOff, kFontOff);
 }

@@ -81,7 +81,8 @@ void PrintWrapped(PrintSurface& printer, double left, double limit, double top,
 // before it is printed.
 QStringList WrappedLines(const PrintSurface& printer, double limit, const QString& text);
 
-// The document's title in 28 point bold, body colour, at x = 5 inches and y inches; the
+// The document's title in 28 point bold, body colour, at x = 5 inches and y inches, made
+// smaller when it would run past 7.9 inches, so that a long title stays on the page; the
 // font goes back to plain 10 point after it.
 void PrintTitle(PrintJob& job, const QString& title, double y);
 

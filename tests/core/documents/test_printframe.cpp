@@ -280,6 +280,18 @@ void TestPrintFrame::titleSize()
     QCOMPARE(title->color, kBlue);
     QCOMPARE(r.fontSize(), 10.0);
     QVERIFY(!r.fontBold());
+
+    // A title too long for 28 point is made smaller until it ends within 7.9 inches.
+    const QString longTitle = QStringLiteral("Completion Summary Report");
+    PrintTitle(job, longTitle, 0.4);
+    const Op* shrunk = r.find(longTitle);
+    QVERIFY(shrunk);
+    QCOMPARE(shrunk->x, 7200.0);
+    QVERIFY(shrunk->fontSize < 28);
+    QVERIFY(shrunk->bold);
+    QVERIFY(longTitle.size() * shrunk->fontSize * 10 <= 2.9 * 1440);
+    QVERIFY(longTitle.size() * (shrunk->fontSize + 1) * 10 > 2.9 * 1440);
+    QCOMPARE(r.fontSize(), 10.0);
 }
 
 void TestPrintFrame::headerFrameAndLogo_data()

@@ -80,6 +80,20 @@ QString pdfText(const QString& file, int page = 0)
     return run(QStringLiteral("pdftotext"), args << file << QStringLiteral("-"));
 }
 
+// How far right (points from the paper's left edge) the word reaches where it is printed
+// last; -1 when it is not there.
+double pdfWordRight(const QString& file, const QString& word)
+{
+    const QString boxes =
+        run(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), file, QStringLiteral("-")});
+    const QRegularExpression re(QStringLiteral("xMax=\"([0-9.]+)\"[^>]*>") +
+                                QRegularExpression::escape(word) + QStringLiteral("</word>"));
+    double right = -1;
+    for (const QRegularExpressionMatch& m : re.globalMatch(boxes))
+        right = m.captured(1).toDouble();
+    return right;
+}
+
 struct Office : ProgramFolder {
     QTemporaryDir out;
     ScriptedPrintDialogs print;
@@ -231,6 +245,11 @@ void TestWorkOrderScreen::printedDocumentsReadBack()
         QVERIFY2(text.contains(s), qPrintable(s + " is missing"));
     for (const QString& s : absent)
         QVERIFY2(!text.contains(s), qPrintable(s + " is there"));
+    // The summary's title ends inside the frame, a quarter inch from the paper's edge.
+    if (summary) {
+        const double right = pdfWordRight(pdf, QStringLiteral("Report"));
+        QVERIFY2(right > 0 && right <= 8.25 * 72, qPrintable(QString::number(right / 72)));
+    }
     // The narrative handed to the print stays beside it until the screen comes up again.
     QCOMPARE(o.has("Templates/WONarrativeTEMP.txt"), narrativeLines > 0);
     // Each page of a long narrative carries its own number, the last one too.
