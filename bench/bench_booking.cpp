@@ -7,12 +7,9 @@
 #include "core/io/record.h"
 #include "core/io/sliprecord.h"
 #include "core/io/store.h"
-#include "core/ports/clock.h"
-#include "core/ports/silentdialogs.h"
 #include "core/schedule/contractoverlay.h"
 #include "core/schedule/dayfiles.h"
 #include "core/schedule/dayview.h"
-#include "core/setup/settingsfiles.h"
 #include "core/sliprecords/recordsearch.h"
 #include "core/sliprecords/recordsummary.h"
 #include "core/state/corecontext.h"
@@ -27,14 +24,11 @@ using namespace tresvane;
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
-    const QString folder = LimitFolder();
-    Store store(folder);
-    FixedClock clock(QDateTime(QDate(2026, 5, 4), QTime(9, 0)));
-    SilentDialogs dialogs;
-    DispatchingVariables v;
-    CoreContext c{store, clock, dialogs, v};
-    BuildTimeLabels(v);
-    Must(LoadAssignments(c));
+    LimitContext limits;
+    const QString& folder = limits.folder;
+    Store& store = limits.store;
+    DispatchingVariables& v = limits.v;
+    CoreContext& c = limits.c;
 
     // The busiest contract day of one team: the most events to lay over.
     QHash<QPair<double, QByteArray>, int> events;

@@ -10,9 +10,6 @@
 #include "core/io/sliprecord.h"
 #include "core/io/store.h"
 #include "core/io/usforms.h"
-#include "core/ports/clock.h"
-#include "core/ports/silentdialogs.h"
-#include "core/setup/settingsfiles.h"
 #include "core/state/corecontext.h"
 #include "core/state/dispatchingvariables.h"
 
@@ -27,14 +24,11 @@ using namespace tresvane;
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
-    const QString folder = LimitFolder();
-    Store store(folder);
-    FixedClock clock(QDateTime(QDate(2026, 5, 4), QTime(9, 0)));
-    SilentDialogs dialogs;
-    DispatchingVariables v;
-    CoreContext c{store, clock, dialogs, v};
-    BuildTimeLabels(v);
-    Must(LoadAssignments(c));
+    LimitContext limits;
+    const QString& folder = limits.folder;
+    Store& store = limits.store;
+    DispatchingVariables& v = limits.v;
+    CoreContext& c = limits.c;
 
     // The busiest day of the slips: the most teams with work on it.
     const QByteArray slips = *store.ReadAll("/Slips.txt");
@@ -66,7 +60,7 @@ int main(int argc, char* argv[])
         QFile::copy(folder + name, copy.path() + name);
     Store seriesStore(copy.path());
     DispatchingVariables sv = v;
-    CoreContext sc{seriesStore, clock, dialogs, sv};
+    CoreContext sc{seriesStore, limits.clock, limits.dialogs, sv};
     sv.gYear = QStringLiteral("2026");
     sv.settings.ckSlipStyle = 1;
     sv.gJulianDay = QStringLiteral("124");

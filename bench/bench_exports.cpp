@@ -4,8 +4,6 @@
 
 #include "core/exports/crewcalendars.h"
 #include "core/io/store.h"
-#include "core/ports/clock.h"
-#include "core/ports/silentdialogs.h"
 #include "core/schedule/freetime.h"
 #include "core/setup/settingsfiles.h"
 #include "core/state/corecontext.h"
@@ -21,15 +19,11 @@ using namespace tresvane;
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
-    const QString folder = LimitFolder();
-    Store store(folder);
-    FixedClock clock(QDateTime(QDate(2026, 5, 4), QTime(9, 0)));
-    SilentDialogs dialogs;
-    DispatchingVariables v;
-    CoreContext c{store, clock, dialogs, v};
-    BuildTimeLabels(v);
+    LimitContext limits;
+    const QString& folder = limits.folder;
+    DispatchingVariables& v = limits.v;
+    CoreContext& c = limits.c;
     Must(LoadSettings(c));
-    Must(LoadAssignments(c));
 
     // Every team's sixty days written into a folder of their own, each run a fresh one so
     // that every file is written, as at the first export.
@@ -64,7 +58,7 @@ int main(int argc, char* argv[])
     // thirty teams are read, with the contracts laid over each.
     FreeTimeRequest request;
     request.hours = 12;
-    request.from = clock.today();
+    request.from = limits.clock.today();
     int found = 0;
     const double free = MedianMs([&] {
         Result<QList<FreeOpening>> openings = FindFreeTime(c, request);

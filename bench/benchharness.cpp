@@ -1,5 +1,7 @@
 #include "benchharness.h"
 
+#include "core/setup/settingsfiles.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -42,6 +44,13 @@ void Must(const Status& s)
     if (s) return;
     std::fprintf(stderr, "%s\n", qPrintable(s.message()));
     std::exit(1);
+}
+
+LimitContext::LimitContext()
+    : folder(LimitFolder()), store(folder), clock(QDateTime(QDate(2026, 5, 4), QTime(9, 0)))
+{
+    BuildTimeLabels(v);
+    Must(LoadAssignments(c));
 }
 
 double MedianMs(const std::function<void()>& f, int runs)
