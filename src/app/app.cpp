@@ -36,6 +36,7 @@
 #include "screens/shell/frmstartup.h"
 #include "screens/shell/screenframe.h"
 #include "screens/shell/unsavededits.h"
+#include "screens/shell/waitcursor.h"
 #include "screens/sliprecords/frmcallrecord.h"
 #include "screens/telephony/frmcallid.h"
 #include "screens/telephony/frmdialer.h"
@@ -218,9 +219,10 @@ bool App::Main()
 void App::ExportCalendars()
 {
     if (m_calendars) m_calendars->waitForDone();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    Result<CalendarExportReport> report = ExportCrewCalendars(ctx, {});
-    QApplication::restoreOverrideCursor();
+    Result<CalendarExportReport> report = [&] {
+        WaitCursor wait;
+        return ExportCrewCalendars(ctx, {});
+    }();
     if (!report) {
         m_dialogs.message(report.message(), QStringLiteral("Crew Calendars"));
         return;

@@ -10,6 +10,7 @@
 #include "screens/shell/flexgrid.h"
 #include "screens/shell/named.h"
 #include "screens/shell/taborder.h"
+#include "screens/shell/waitcursor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -37,11 +38,6 @@ namespace
 constexpr int kDaysAhead = 700;
 // The most consecutive work days one request blocks.
 constexpr int kMostDays = 30;
-
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 } // namespace
 
 frmBlock::frmBlock(CoreContext& ctx, QWidget* parent) : QMainWindow(parent), c(ctx)

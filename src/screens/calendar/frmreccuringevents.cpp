@@ -13,6 +13,7 @@
 #include "screens/shell/named.h"
 #include "screens/shell/taborder.h"
 #include "screens/shell/updown.h"
+#include "screens/shell/waitcursor.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -35,11 +36,6 @@ namespace tresvane
 {
 namespace
 {
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
-
 // The start time offered when the form is reset: 08:00am.
 constexpr int kResetStartIndex = 2;
 } // namespace

@@ -3,6 +3,7 @@
 #include "core/ports/dialogs.h"
 #include "screens/documents/printdialogs.h"
 #include "screens/documents/printersurface.h"
+#include "screens/shell/waitcursor.h"
 
 #include <QApplication>
 #include <QPageLayout>
@@ -31,10 +32,6 @@ Status run(PrinterSurface& surface, const DrawDocuments& draw)
     return surface.status();
 }
 
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 } // namespace
 
 PrintOffset ReadPrintOffset(const QString& programName)

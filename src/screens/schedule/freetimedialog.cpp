@@ -6,6 +6,7 @@
 #include "core/state/dispatchingvariables.h"
 #include "screens/shell/named.h"
 #include "screens/shell/taborder.h"
+#include "screens/shell/waitcursor.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -101,9 +102,10 @@ void FreeTimeDialog::find()
     request.hours = spnHours->value();
     request.team = cboTeam->currentIndex();
     request.from = dtFrom->date();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    Result<QList<FreeOpening>> found = FindFreeTime(c, request);
-    QApplication::restoreOverrideCursor();
+    Result<QList<FreeOpening>> found = [&] {
+        WaitCursor wait;
+        return FindFreeTime(c, request);
+    }();
     lstOpenings->clear();
     m_openings.clear();
     if (!found) {

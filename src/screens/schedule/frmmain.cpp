@@ -27,6 +27,7 @@
 #include "screens/shell/keyfilterwiring.h"
 #include "screens/shell/screenframe.h"
 #include "screens/shell/updown.h"
+#include "screens/shell/waitcursor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -60,11 +61,6 @@ void tag(QWidget* w, const char* value)
     w->setProperty("Tag", QString::fromLatin1(value));
 }
 
-// The wait cursor for the length of a scope.
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 } // namespace
 
 frmMain::frmMain(CoreContext& ctx, Desktop& desktop, PrintDialogs& printDialogs, QWidget* parent)
