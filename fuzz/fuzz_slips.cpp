@@ -120,11 +120,15 @@ void changes(Folder& f, const QString& name, const QList<SlipRecord>& records)
     if (Status s = LoadCounter(c); !s) return;
     c.v.CurrentTeam = QStringLiteral("1");
     c.v.Mode = Mode::ServiceSlip; // a Service Attention
-    BookingRequest screen = NewBookingRequest(c.v);
+    BookingRequest screen;
+    screen.kind = SlipKind::ServiceAttention;
+    screen.team = c.v.CurrentTeam;
+    screen.customer = c.v.current;
     screen.date = f.clock().today().addDays(1);
     screen.eventText = QStringLiteral("Fuzz");
     screen.number = c.v.gConfirmation;
     if (Status s = LoadDay(c, screen.date, c.v.CurrentTeam); !s) return;
+    screen.dayFile = c.v.DayFilePath;
     const Result<BookingSaved> saved = SaveBooking(c, screen);
     require(saved.ok() || !saved.message().isEmpty(), "a booking refused without a word");
 }

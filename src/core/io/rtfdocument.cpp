@@ -304,7 +304,9 @@ qsizetype RtfDocument::replace(qsizetype start, qsizetype length, const QString&
     for (qsizetype k = start + 1; k < start + length; ++k) {
         const Span& span = m_spans[k];
         append(source.sliced(at, span.begin - at));
-        if (span.glued) pendingGlue = true;
+        // The word the span was glued to stands in what was kept just now; when nothing
+        // stands between, the word was a character that goes too, and nothing is glued.
+        if (span.glued && span.begin > at) pendingGlue = true;
         at = span.end;
     }
     append(source.sliced(at));

@@ -345,6 +345,14 @@ qint64 Store::roundedRecords(qint64 bytes, int recordLength)
     return q;
 }
 
+Status Store::AppendRecord(const QString& name, int recordLength, const QByteArray& record)
+{
+    if (!FileExists(name))
+        if (Status s = WriteFile(name, QByteArray()); !s) return s;
+    return WriteRecordAt(name, recordLength, roundedRecords(FileSize(name), recordLength) + 1,
+                         record);
+}
+
 Result<qint32> Store::RecordCount32(const QString& name, int recordLength)
 {
     if (!FileExists(name)) return qint32(0);

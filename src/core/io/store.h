@@ -148,6 +148,11 @@ public:
     // past the end leaves zero bytes in the gap, as a new file's hole reads.
     Status WriteRecordAt(const QString& name, int recordLength, qint64 recordNo,
                          const QByteArray& record);
+    // Adds a record after the file's last one, making the file when it is missing (after
+    // FileExists's repair from Backup: a new empty file would leave the old records only in
+    // Backup, for the next exit's backup to overwrite). It goes at the rounded count + 1,
+    // so that a partial last record of less than half a record is overwritten, not kept.
+    Status AppendRecord(const QString& name, int recordLength, const QByteArray& record);
     // Reads record recordNo (from 1); a record past the end reads as zero bytes, a
     // partial last record is filled with zero bytes.
     Result<QByteArray> ReadRecordAt(const QString& name, int recordLength, qint64 recordNo) const;

@@ -93,15 +93,6 @@ Result<bool> DeleteSelectedStoredSlip(CoreContext& c, qint32 row)
     return true;
 }
 
-BookingRequest NewBookingRequest(const DispatchingVariables& v)
-{
-    BookingRequest r;
-    r.kind = BookingKind(v.Mode);
-    r.team = v.CurrentTeam;
-    r.customer = v.current;
-    return r;
-}
-
 Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
 {
     // Everything up to a confirmation lands together, before the confirmation is shown.
@@ -111,7 +102,10 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
         // The grid's hours are not written and the number is not taken: the next slip gets
         // the same number.
         FillSlipRecord(v.gSlip, r);
-        if (Status s = AppendSlip(c.store, UnscheduledSlipsFileName(), v.gSlip); !s) return s;
+        if (Status s = c.store.AppendRecord(UnscheduledSlipsFileName(), kSlipRecordLength,
+                                            v.gSlip.bytes());
+            !s)
+            return s;
         if (Status s = change.commit(); !s) return s;
         c.dialogs.message(QStringLiteral("An Open Slip has been Created\n"
                                          "If you clicked on an hour BEFORE selecting to create\n"
@@ -127,18 +121,19 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
         return BookingSaved::NoTimeSelected;
     }
 
-    // A Service Attention whose number cannot be followed by another is not saved at all:
-    // neither the day nor the record, so that no number is ever used twice.
-    if (r.kind == SlipKind::ServiceAttention)
-        if (Status s = SlipNumberCanAdvance(v); !s) return s;
-
-    if (Status s = WriteDayFile(c, r.date, r.team); !s) return s;
+    if (r.dayFile.isEmpty())
+        return Status::failure(QStringLiteral("No day is shown to book the event on."));
+    if (Status s = WriteDaySlots(c.store, r.dayFile, v.DaySlots); !s) return s;
     FillSlipRecord(v.gSlip, r);
 
     if (r.kind == SlipKind::ServiceAttention) {
         // The day, the record and the counter land together: a number is taken exactly
-        // when its record is written, so none is ever used twice.
-        if (Status s = AppendSlip(c.store, SlipsFileName(), v.gSlip); !s) return s;
+        // when its record is written, so none is ever used twice. A number that cannot be
+        // followed by another ends the change here, and neither the day nor the record
+        // lands.
+        if (Status s = c.store.AppendRecord(SlipsFileName(), kSlipRecordLength, v.gSlip.bytes());
+            !s)
+            return s;
         if (!r.rescheduledFrom.trimmed().isEmpty())
             if (Status s =
                     NoteRescheduledSlip(c.store, r.rescheduledFrom, r.number, c.clock.today());
@@ -159,7 +154,9 @@ Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& r)
         return BookingSaved::Scheduled;
     }
     if (r.kind == SlipKind::Meeting) {
-        if (Status s = AppendSlip(c.store, MeetingsFileName(), v.gSlip); !s) return s;
+        if (Status s = c.store.AppendRecord(MeetingsFileName(), kSlipRecordLength, v.gSlip.bytes());
+            !s)
+            return s;
         if (Status s = change.commit(); !s) return s;
         c.dialogs.message(QStringLiteral("Customer Meeting has been Scheduled"),
                           QStringLiteral("Confirmation"));

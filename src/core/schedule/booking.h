@@ -51,15 +51,11 @@ enum class BookingSaved {
 // cmdSave. The day file, the record and the advanced counter land together as one change,
 // so a number is never taken without its record nor used twice; each message is shown
 // after what it confirms is on disk. The stored slip a booking came from is removed after
-// the confirmation, when the user agrees. DaySlots must be as the last WriteSlots left them.
-// A Service Attention whose number could not be stepped past is refused before anything is
-// written.
+// the confirmation, when the user agrees. DaySlots must be as the last WriteSlots left them
+// and go to the request's day file. A Service Attention whose number could not be stepped
+// past is refused and nothing of it lands.
 // A failure of a file stops the sequence where it is and is returned for the screen to show.
 Result<BookingSaved> SaveBooking(CoreContext& c, const BookingRequest& request);
-
-// A request with what the shared state knows: the routine's kind, the team on the screen
-// and the customer in hand. The screen adds the date, the hours and the rest.
-BookingRequest NewBookingRequest(const DispatchingVariables& v);
 
 // Puts the stored slip of the list's row (its record number in UnscheduledSlips.txt) in
 // hand for booking: the current-customer fields take the slip's own account, name and

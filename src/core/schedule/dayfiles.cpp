@@ -91,18 +91,23 @@ Status ReadDayToSlots(CoreContext& c)
     return {};
 }
 
-Status WriteDayFile(CoreContext& c, const QDate& date, const QString& team)
+Status WriteDaySlots(Store& store, const QString& dayFile, std::array<QString, 13>& texts)
 {
-    if (Status s = BuildDayFilePath(c, date, team); !s) return s;
     TextWriter out;
     for (int i = 1; i <= 12; ++i) {
         // Contract events are laid over the grid from ContractInfo.txt each time a day is
         // shown; storing them would book the hour for good.
-        if (c.v.DaySlots[i].contains(u"Contract Event", Qt::CaseInsensitive))
-            c.v.DaySlots[i] = NoEventScheduled();
-        out.line(c.v.DaySlots[i]);
+        if (texts[i].contains(u"Contract Event", Qt::CaseInsensitive))
+            texts[i] = NoEventScheduled();
+        out.line(texts[i]);
     }
-    return c.store.WriteFile(c.v.DayFilePath, out.bytes());
+    return store.WriteFile(dayFile, out.bytes());
+}
+
+Status WriteDayFile(CoreContext& c, const QDate& date, const QString& team)
+{
+    if (Status s = BuildDayFilePath(c, date, team); !s) return s;
+    return WriteDaySlots(c.store, c.v.DayFilePath, c.v.DaySlots);
 }
 
 Status WriteBareDayFile(Store& store, const QString& dayFile, const std::array<QString, 12>& lines)

@@ -48,9 +48,12 @@ Result<int> ReadDayToGrid(CoreContext& c);
 // reported and DaySlots is left unchanged.
 Status ReadDayToSlots(CoreContext& c);
 
-// Writes DaySlots[1..12] as twelve quoted lines to the team's day file, replacing it.
-// A slot whose text holds "Contract Event" (any case) is written free, and freed in
-// DaySlots too: contract events live on the grid only.
+// Writes texts[1..12] as twelve quoted lines to dayFile, replacing it. A slot whose text
+// holds "Contract Event" (any case) is written free, and freed in texts too: contract
+// events live on the grid only.
+Status WriteDaySlots(Store& store, const QString& dayFile, std::array<QString, 13>& texts);
+
+// WriteDaySlots of DaySlots to the team's day file, found by BuildDayFilePath.
 Status WriteDayFile(CoreContext& c, const QDate& date, const QString& team);
 
 // Writes twelve lines as they stand, unquoted, replacing the file at dayFile; a text that

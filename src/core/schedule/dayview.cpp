@@ -129,6 +129,7 @@ Result<TeamDay> ReadTeamDay(CoreContext& c, const QDate& date, const QString& te
     day.team = team;
     day.date = date;
     if (Status s = LoadDay(c, date, team); !s) return s;
+    day.file = c.v.DayFilePath;
     day.slotTexts = GridFromDaySlots(c.v);
     Result<QList<SlipRecord>> records =
         index ? index->records(c.store, date, team) : ReadDayRecords(c.store, date, team);

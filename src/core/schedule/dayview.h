@@ -43,6 +43,7 @@ QString DayViewFreeText();
 struct TeamDay {
     QString team; // the team's number
     QDate date;
+    QString file;              // the day file's name; its folders are made
     GridColumn slotTexts;      // the day file's twelve lines, as LoadDay left them
     QList<SlipRecord> records; // of Slips.txt, then Meetings.txt, each in file order
 };

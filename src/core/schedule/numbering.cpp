@@ -15,11 +15,6 @@ namespace
 const QString kCounter = QStringLiteral("/Counter.txt");
 const QString kSlipNo = QStringLiteral("/SlipNo.txt");
 
-Status tooHigh(const QString& what, const QString& outcome)
-{
-    return Status::failure(QStringLiteral("The %1 can not go past 32767.\n").arg(what) + outcome);
-}
-
 // The counter that the next step would move past 32767, or nothing when it can step.
 std::optional<QString> counterAtItsEnd(const DispatchingVariables& v)
 {
@@ -121,7 +116,8 @@ Status AdvanceSlipNumber(CoreContext& c)
     v.gKeepSlipNumber = false;
     if (keep) return {};
     if (const std::optional<QString> full = counterAtItsEnd(v))
-        return tooHigh(*full, QStringLiteral("No number was changed."));
+        return Status::failure(
+            QStringLiteral("The %1 can not go past 32767.\nThe slip was not saved.").arg(*full));
     if (v.settings.ckSlipStyle == 1) {
         // The day is not looked at: past midnight the old day's count goes on until the
         // counter is loaded again.
@@ -137,14 +133,6 @@ Status AdvanceSlipNumber(CoreContext& c)
         return s;
     }
     // gConfirmation is formed again only when the number is loaded.
-    return {};
-}
-
-Status SlipNumberCanAdvance(const DispatchingVariables& v)
-{
-    if (v.gKeepSlipNumber) return {};
-    if (const std::optional<QString> full = counterAtItsEnd(v))
-        return tooHigh(*full, QStringLiteral("The slip was not saved."));
     return {};
 }
 

@@ -18,14 +18,11 @@ Status LoadSlipNo(CoreContext& c);
 // Takes the number from the box and stores it. A box that is not a number, or is past
 // 32,767, is told to the user, marks SlipNumberBad and leaves number and file alone.
 Status SaveSlipNo(CoreContext& c);
-// Steps the number after a slip has been saved. A step past 32,767 is refused with a
-// message for the user, and nothing changes.
+// Steps the number as a slip is saved under gConfirmation, in the same change as the slip.
+// A step past 32,767 is refused with a message for the user and nothing changes; the
+// booking's change then ends without landing, so that the next slip can never carry the
+// same number again. The counter's last value is therefore never handed out.
 Status AdvanceSlipNumber(CoreContext& c);
-
-// Whether a slip may be saved under gConfirmation: the step after it must be possible, or
-// the next slip would carry the same number again. The counter's last value is therefore
-// never handed out. Checked before anything of the slip is written.
-Status SlipNumberCanAdvance(const DispatchingVariables& v);
 
 // The buttons of the next-slip frame: 0 Clear, 1 Reset to 1000, 2 Reload from memory.
 // None of them saves.

@@ -34,15 +34,6 @@ Result<qint32> CountSlipRecords(Store& store, const QString& name)
     return qint32(count);
 }
 
-Status AppendSlip(Store& store, const QString& name, const SlipRecord& slip)
-{
-    Result<qint32> count = CountSlipRecords(store, name);
-    if (!count) return count.status();
-    // Written at count + 1: after a partial last record of less than half a record, the
-    // new record overwrites that fragment rather than landing after it.
-    return store.WriteRecordAt(name, kSlipRecordLength, *count + 1, slip.bytes());
-}
-
 void FillSlipRecord(SlipRecord& slip, const BookingRequest& r)
 {
     const CurrentCustomer& who = r.customer;

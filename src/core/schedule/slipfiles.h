@@ -25,16 +25,13 @@ struct DispatchingVariables;
 // it for record access always did, and counts 0.
 Result<qint32> CountSlipRecords(Store& store, const QString& name);
 
-// Writes the slip as the record after the last one counted, creating the file when it is
-// missing. The record is flushed to disk before this returns.
-Status AppendSlip(Store& store, const QString& name, const SlipRecord& slip);
-
 // One booking as the Scheduling Screen asks for it: the day file and the slip record are
 // both written from this value.
 struct BookingRequest {
     std::optional<SlipKind> kind;           // what the routine books; none writes the day only
     QString team;                           // the team's number
     QDate date;                             // the calendar's date
+    QString dayFile;                        // that team's day file, as the day was loaded
     int firstSlot = 1;                      // the grid row of the last click: the starting slot
     QString hours = QStringLiteral("1");    // hours needed, as typed
     QString unit = QStringLiteral("Hours"); // unit caption of the hours box

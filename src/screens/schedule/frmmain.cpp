@@ -654,10 +654,16 @@ void frmMain::cmdClear_Click()
     fail(WriteDayFile(c, m_currentDate, c.v.CurrentTeam));
 }
 
-std::optional<BookingSaved> frmMain::saveBooking()
+bool frmMain::cmdSave_Click()
 {
-    BookingRequest r = NewBookingRequest(c.v);
+    BookingRequest r;
+    r.kind = BookingKind(c.v.Mode);
+    r.team = c.v.CurrentTeam;
     r.date = Calender->selectedDate();
+    // The day's file as the day on the grid was loaded; should that day not be the one
+    // asked for, there is none, and the save is refused rather than written elsewhere.
+    if (m_day.team == r.team && m_day.date == r.date) r.dayFile = m_day.file;
+    r.customer = c.v.current;
     r.firstSlot = m_gridRow;
     r.hours = txtTime->text();
     r.unit = lblMode->text();
@@ -672,17 +678,11 @@ std::optional<BookingSaved> frmMain::saveBooking()
     if (EventText != NoSlotSelected()) cmdSaveTextMessage->setEnabled(true);
 
     Result<BookingSaved> saved = SaveBooking(c, r);
-    if (fail(saved.status())) return std::nullopt;
+    if (fail(saved.status()) || *saved == BookingSaved::NoTimeSelected) return false;
     if (*saved == BookingSaved::Scheduled) RescheduledFrom.clear();
-    return *saved;
-}
-
-void frmMain::cmdSave_Click()
-{
-    const std::optional<BookingSaved> saved = saveBooking();
-    if (!saved || *saved == BookingSaved::NoTimeSelected) return;
     if (*saved == BookingSaved::StoredUnscheduled) fgHours->setFocus();
     emit showMenu();
+    return true;
 }
 
 bool frmMain::hasUnsavedEdits() const
@@ -692,8 +692,7 @@ bool frmMain::hasUnsavedEdits() const
 
 bool frmMain::saveUnsavedEdits()
 {
-    const std::optional<BookingSaved> saved = saveBooking();
-    return saved && *saved != BookingSaved::NoTimeSelected;
+    return cmdSave_Click();
 }
 
 void frmMain::cmdExit_Click()

@@ -134,7 +134,8 @@ public:
     void updnTime_Change(int step);
     void ResetTimeSelection();
     void cmdClear_Click();
-    void cmdSave_Click();
+    // True when the event was saved and the screen went back to the menu.
+    bool cmdSave_Click();
     void cmdExit_Click();
     void cmdView_Click();
     void cmdSaveTextMessage_Click();
@@ -173,8 +174,6 @@ private:
     void showCustomer();
     void setCaption();
     void BuildDayView();
-    // cmdSave without leaving the screen: how the save ended, nothing when it failed.
-    std::optional<BookingSaved> saveBooking();
     bool fail(const Status& s);
 
     CoreContext& c;

@@ -8,6 +8,7 @@
 #include "core/setup/settingsfiles.h"
 #include "core/sliprecords/deletecallrec.h"
 #include "programfolder.h"
+#include "screenrequest.h"
 
 #include <QtTest>
 
@@ -123,8 +124,7 @@ void book(ProgramFolder& f, int team, const QDate& date, int slot, int hours,
     for (int r = slot; r < slot + hours; ++r)
         grid[r - 1] = text;
     WriteSlots(f.v, grid);
-    BookingRequest r = NewBookingRequest(f.v);
-    r.date = date;
+    BookingRequest r = ScreenRequest(f.ctx, date);
     r.eventText = text;
     r.hours = QString::number(hours);
     r.firstSlot = slot;

@@ -8,6 +8,7 @@
 #include "core/schedule/dayfiles.h"
 #include "core/sliprecords/deletecallrec.h"
 #include "programfolder.h"
+#include "screenrequest.h"
 
 #include <QDirIterator>
 #include <QRandomGenerator>
@@ -151,8 +152,7 @@ Routine booking()
                 grid.fill(NoEventScheduled());
                 grid[3] = grid[4] = "SA120-1 Ada Byron";
                 WriteSlots(f.v, grid);
-                BookingRequest s = NewBookingRequest(f.v);
-                s.date = QDate(2026, 5, 5);
+                BookingRequest s = ScreenRequest(f.ctx, QDate(2026, 5, 5));
                 s.eventText = "SA120-1 Ada Byron";
                 s.hours = "2";
                 s.firstSlot = 4;

@@ -103,6 +103,8 @@ void TestRtfDocument::replacementKeepsTheFirstCharactersFormatting_data()
         << QByteArray("{\\rtf1 \\'NAMEDear}") << "" << QByteArray("{\\rtf1 \\'{}Dear}");
     QTest::newRow("a broken escape with one digit")
         << QByteArray("{\\rtf1 \\'aNAMEb}") << "" << QByteArray("{\\rtf1 \\'a{}b}");
+    QTest::newRow("no blank once the word glued to goes too")
+        << QByteArray("{\\rtf1\\uc0 NA\\u77Ez}") << "" << QByteArray("{\\rtf1\\uc0 z}");
     QTest::newRow("escaped backslash and a quote are no escape")
         << QByteArray("{\\rtf1 \\\\'NAMEab}") << "" << QByteArray("{\\rtf1 \\\\'ab}");
 }

@@ -12,6 +12,7 @@
 #include "core/state/corecontext.h"
 #include "core/state/dispatchingvariables.h"
 #include "sampleinstallation.h"
+#include "screenrequest.h"
 #include "scripteddialogs.h"
 #include "testclock.h"
 
@@ -64,8 +65,7 @@ void workADay(const QString& root)
     grid.fill(NoEventScheduled());
     grid[9] = "SA120-90 Ada Byron";
     WriteSlots(v, grid);
-    BookingRequest s = NewBookingRequest(v);
-    s.date = QDate(2026, 5, 29);
+    BookingRequest s = ScreenRequest(c, QDate(2026, 5, 29));
     s.eventText = grid[9];
     s.hours = "1";
     s.firstSlot = 10;

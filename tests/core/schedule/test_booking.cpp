@@ -2,6 +2,7 @@
 #include "core/schedule/dayfiles.h"
 #include "core/schedule/slipfiles.h"
 #include "programfolder.h"
+#include "screenrequest.h"
 
 #include <QtTest>
 
@@ -38,8 +39,7 @@ BookingRequest clicked(ProgramFolder& f, const QString& text, int row, int hours
     for (int r = row; r < row + hours; ++r)
         grid[r - 1] = text;
     WriteSlots(f.v, grid);
-    BookingRequest s = NewBookingRequest(f.v);
-    s.date = QDate(2026, 5, 5); // day 125
+    BookingRequest s = ScreenRequest(f.ctx, QDate(2026, 5, 5));
     s.eventText = text;
     s.hours = QString::number(hours);
     s.firstSlot = row;
@@ -63,6 +63,7 @@ private slots:
     void storedSlipKeepsTheNumber();
     void lastStoredSlipScheduledRemovesTheFile();
     void failedRecordWriteTakesNoNumber();
+    void noDayFileWritesNothing();
     void numberAtItsLimitSavesNothing_data();
     void numberAtItsLimitSavesNothing();
 };
@@ -220,6 +221,23 @@ void TestBooking::failedRecordWriteTakesNoNumber()
     VERIFY_DIALOGS(f.dialogs); // no confirmation for what is not on disk
     QCOMPARE(f.v.gConfirmation, QString("SA120-1"));
     QVERIFY(!f.has("Counter.txt"));
+}
+
+// A request without its day's file (the grid showed another day than the one asked for) is
+// refused, and nothing lands anywhere else.
+void TestBooking::noDayFileWritesNothing()
+{
+    ProgramFolder f;
+    customerInHand(f, 2);
+    BookingRequest s = clicked(f, "SA120-1 Ada Byron", 4, 1);
+    s.dayFile.clear();
+    const auto before = f.snapshot();
+    Result<BookingSaved> saved = SaveBooking(f.ctx, s);
+    QVERIFY(!saved.ok());
+    QCOMPARE(saved.message(), QString("No day is shown to book the event on."));
+    VERIFY_DIALOGS(f.dialogs);
+    QCOMPARE(f.snapshot(), before);
+    QCOMPARE(f.v.gConfirmation, QString("SA120-1"));
 }
 
 // A slip whose number could not be followed by another is refused whole, however often the

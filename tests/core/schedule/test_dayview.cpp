@@ -185,7 +185,7 @@ void TestDayView::indexKeepsUpWithEveryChange()
 
     // A new slip appended through the store.
     SlipRecord cy(slip("Cy", "05/05/2026", "2", 3, 1));
-    QVERIFY(AppendSlip(f.store, SlipsFileName(), cy));
+    QVERIFY(f.store.AppendRecord(SlipsFileName(), kSlipRecordLength, cy.bytes()));
     QVERIFY(agree(kDay, "2", "Anna Cy"));
 
     // A record rewritten in place, same size, at once: a name changed, then a move to
@@ -207,8 +207,8 @@ void TestDayView::indexKeepsUpWithEveryChange()
     // Inside an open change the reads see it; once it is dropped, they no longer do.
     {
         Store::Group change(f.store);
-        QVERIFY(
-            AppendSlip(f.store, SlipsFileName(), SlipRecord(slip("Ed", "05/05/2026", "2", 7, 1))));
+        QVERIFY(f.store.AppendRecord(SlipsFileName(), kSlipRecordLength,
+                                     SlipRecord(slip("Ed", "05/05/2026", "2", 7, 1)).bytes()));
         QVERIFY(agree(kDay, "2", "Di Ed Mtg"));
     }
     QVERIFY(agree(kDay, "2", "Di Mtg"));

@@ -145,7 +145,7 @@ void TestFreeNumber::sampleBookingThenDeleteKeepsTheSample()
     f.v.gSlip = SlipRecord(slipWithNumber(f.v.gConfirmation.toLatin1()));
     f.v.gSlip.setText(SlipField::TeamNo, QStringLiteral("1"));
     f.v.gSlip.setText(SlipField::EventDate, f.clock.today().toString("MM/dd/yyyy"));
-    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
+    QVERIFY(f.store.AppendRecord(SlipsFileName(), kSlipRecordLength, f.v.gSlip.bytes()).ok());
     CallRecordOnShow shown;
     shown.EventKind = QStringLiteral("Service");
     QVERIFY(DeleteCallRec(f.ctx, shown, 0).ok());

@@ -1,6 +1,7 @@
 #include "core/schedule/booking.h"
 #include "core/schedule/slipfiles.h"
 #include "programfolder.h"
+#include "screenrequest.h"
 
 #include <QtTest>
 
@@ -57,8 +58,7 @@ void TestSlipFiles::serviceSlipByteForByte()
     f.v.current.state = "OH";
     f.v.current.zip = "45123";
     f.v.current.phone = "(555)123-4567";
-    BookingRequest screen = NewBookingRequest(f.v);
-    screen.date = QDate(2026, 4, 30);
+    BookingRequest screen = ScreenRequest(f.ctx, QDate(2026, 4, 30));
     screen.unit = "Hours";
     screen.hours = "2";
     screen.firstSlot = 4;
@@ -79,10 +79,10 @@ void TestSlipFiles::serviceSlipByteForByte()
 
     QVERIFY(!f.has("Slips.txt"));
     QCOMPARE(CountSlipRecords(f.store, SlipsFileName()).valueOr(-1), 0);
-    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
+    QVERIFY(f.store.AppendRecord(SlipsFileName(), kSlipRecordLength, f.v.gSlip.bytes()).ok());
     QCOMPARE(f.get("Slips.txt"), expected);
     QCOMPARE(CountSlipRecords(f.store, SlipsFileName()).valueOr(-1), 1);
-    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
+    QVERIFY(f.store.AppendRecord(SlipsFileName(), kSlipRecordLength, f.v.gSlip.bytes()).ok());
     QCOMPARE(f.get("Slips.txt"), expected + expected);
     QCOMPARE(CountSlipRecords(f.store, SlipsFileName()).valueOr(-1), 2);
 }
@@ -92,8 +92,7 @@ void TestSlipFiles::meetingReferenceIsCut()
     ProgramFolder f;
     f.v.Mode = Mode::Meeting;
     f.v.gSlip.setText(SlipField::ConfirmationNo, "SA1-1"); // left by an earlier slip
-    BookingRequest screen = NewBookingRequest(f.v);
-    screen.date = QDate(2026, 1, 2);
+    BookingRequest screen = ScreenRequest(f.ctx, QDate(2026, 1, 2));
     screen.unit = "Hours";
     screen.hours = "1";
     screen.firstSlot = 7;
@@ -115,8 +114,7 @@ void TestSlipFiles::otherModesKeepTypeAndNumber()
     f.v.gSlip.setText(SlipField::RecType, "Reoccuring");
     f.v.gSlip.setText(SlipField::ConfirmationNo, "SA5-2");
     f.v.gSlip.setText(SlipField::Reference, "old text");
-    BookingRequest screen = NewBookingRequest(f.v);
-    screen.date = QDate(2026, 1, 2);
+    BookingRequest screen = ScreenRequest(f.ctx, QDate(2026, 1, 2));
     screen.problem = "Leaking tap";
     FillSlipRecord(f.v.gSlip, screen);
     QCOMPARE(f.v.gSlip.text(SlipField::RecType), QString("Reoccuring"));
@@ -202,7 +200,7 @@ void TestSlipFiles::appendAfterAPartialRecord()
     const QByteArray second = slip("Service", "SA1-2", "01/05/2026");
     f.put("Slips.txt", first + QByteArray(tail, 'y'));
     f.v.gSlip = SlipRecord(second);
-    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
+    QVERIFY(f.store.AppendRecord(SlipsFileName(), kSlipRecordLength, f.v.gSlip.bytes()).ok());
     QCOMPARE(f.get("Slips.txt"), first + between + second);
 }
 
@@ -212,7 +210,7 @@ void TestSlipFiles::appendBringsALostFileBackFirst()
     const QByteArray old = slip("Service", "SA1-1", "01/05/2026");
     f.put("Backup/Slips.txt", old);
     f.v.gSlip = SlipRecord(slip("Service", "SA1-2", "01/05/2026"));
-    QVERIFY(AppendSlip(f.store, SlipsFileName(), f.v.gSlip).ok());
+    QVERIFY(f.store.AppendRecord(SlipsFileName(), kSlipRecordLength, f.v.gSlip.bytes()).ok());
     QCOMPARE(f.get("Slips.txt"), old + f.v.gSlip.bytes());
 }
 
