@@ -220,9 +220,12 @@ void RtfDocument::parse()
             i = w.end;
             glued = !w.delimited;
             if (w.word == "bin") {
-                // Binary data of the given length follows, whatever its bytes.
-                if (w.hasParameter && w.parameter > 0) i = std::min(n, i + w.parameter);
-                glued = false;
+                // Binary data of the given length follows, whatever its bytes; it stands
+                // between the word and what comes next. Without a length nothing does.
+                if (w.hasParameter && w.parameter > 0) {
+                    i = std::min(n, i + w.parameter);
+                    glued = false;
+                }
             } else if (group.hidden) {
                 // nothing in a hidden destination is text
             } else if (w.word == "uc") {

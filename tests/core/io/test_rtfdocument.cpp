@@ -105,6 +105,8 @@ void TestRtfDocument::replacementKeepsTheFirstCharactersFormatting_data()
         << QByteArray("{\\rtf1 \\'aNAMEb}") << "" << QByteArray("{\\rtf1 \\'a{}b}");
     QTest::newRow("no blank once the word glued to goes too")
         << QByteArray("{\\rtf1\\uc0 NA\\u77Ez}") << "" << QByteArray("{\\rtf1\\uc0 z}");
+    QTest::newRow("a value after a binary word without data")
+        << QByteArray("{\\rtf1 \\bin\\'4eAME}") << "Ann" << QByteArray("{\\rtf1 \\bin Ann}");
     QTest::newRow("escaped backslash and a quote are no escape")
         << QByteArray("{\\rtf1 \\\\'NAMEab}") << "" << QByteArray("{\\rtf1 \\\\'ab}");
 }
