@@ -70,6 +70,9 @@ frmMain::frmMain(CoreContext& ctx, Desktop& desktop, PrintDialogs& printDialogs,
     setWindowTitle(QStringLiteral("Scheduling Screen"));
     EventText = NoSlotSelected();
     buildLayout();
+    // Hidden from the start, as each routine's activation leaves them until it needs them:
+    // shown at the first showing, they would stretch the window to hold them all.
+    ResetScreen(this);
     resize(1100, 720);
 }
 

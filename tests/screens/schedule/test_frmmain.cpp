@@ -144,6 +144,7 @@ private slots:
     void deleteAllStoredSlipsAsksTwice();
     void storedSlipIsBookedWithItsOwnCustomer();
     void menuAndCustomerBringTheScreen();
+    void opensAtItsOwnSize();
 };
 
 void TestFrmMain::serviceSlipEndToEnd()
@@ -692,6 +693,16 @@ void TestFrmMain::storedSlipIsBookedWithItsOwnCustomer()
     QCOMPARE(saved.text(SlipField::Tel), QString("555-0102"));
     QCOMPARE(saved.text(SlipField::Reference), QString("Boiler knocks"));
     QCOMPARE(s.f.get("UnscheduledSlips.txt"), cy);
+}
+
+// The frames that only some routines show start hidden: shown at the first showing, the
+// day view alone would stretch the window past a laptop's screen, Save and all.
+void TestFrmMain::opensAtItsOwnSize()
+{
+    for (const qint16 mode : {2, 7, 3}) {
+        Screen s(mode);
+        QVERIFY2(s.w->height() <= 720, qPrintable(QString::number(s.w->height())));
+    }
 }
 
 void TestFrmMain::menuAndCustomerBringTheScreen()
