@@ -548,7 +548,8 @@ void TestInvoices::repairPageAndItsTearOff()
     QCOMPARE(summary->x, 8 * kIn);
     QCOMPARE(summary->y, 1 * kIn);
     const Op* name = nullptr;
-    for (const Op& op : r.findAll("Ada Byron"))
+    const QList<Op> names = r.findAll("Ada Byron"); // kept: name points into it
+    for (const Op& op : names)
         if (op.x == 8 * kIn) name = &op;
     QVERIFY(name);
     QVERIFY(name->bold);

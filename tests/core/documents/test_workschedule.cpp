@@ -217,7 +217,8 @@ void TestWorkSchedule::accountBlockOfASlip()
     // The 09:00am row is the fourth: the account follows its label on the line.
     const double y = rowY(3);
     const Op* label = nullptr;
-    for (const Op& op : p.r.findAll("09:00am"))
+    const QList<Op> labels = p.r.findAll("09:00am"); // kept: label points into it
+    for (const Op& op : labels)
         if (op.y == y) label = &op;
     QVERIFY(label);
     QStringList printed;
